@@ -1,0 +1,32 @@
+#include "components/GlobalMass.h"
+
+namespace qm::GLOBAL_MASS {
+
+int GET_MASS_NUMBER(const MassTable& table) { return table.allocated() ? table.size() : 0; }
+
+int GET_MASS_IMASS(const MassTable& table, int id) {
+    for (int i = 1; i <= GET_MASS_NUMBER(table); ++i)
+        if (table(i).ID == id) return i;
+    return 0;
+}
+
+double GET_MASS_INERTIAEQUIVALENTTOTAL(const MassTable& table) {
+    double total = 0.0;
+    for (int i = 1; i <= GET_MASS_NUMBER(table); ++i)
+        total += table(i).RPMRATIO * table(i).RPMRATIO * table(i).INERTIA;
+    return total;
+}
+
+int GET_MASS_NNOTVISCOUSDAMPERRINGMASS(const MassTable& table, int n) {
+    int count = 0;
+    const int last = n < GET_MASS_NUMBER(table) ? n : GET_MASS_NUMBER(table);
+    for (int i = 1; i <= last; ++i)
+        if (table(i).MASSTYPE != 3) ++count;
+    return count;
+}
+
+int GET_MASS_NNOTVISCOUSDAMPERRINGSHAFT(const MassTable& table, int id) {
+    return GET_MASS_NNOTVISCOUSDAMPERRINGMASS(table, GET_MASS_IMASS(table, id));
+}
+
+}  // namespace qm::GLOBAL_MASS

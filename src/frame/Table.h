@@ -1,0 +1,100 @@
+// Table<T>: the owner-allocated, 1-based array of plain records every stage works on.
+//
+// A table starts unallocated; allocate(n) frees what it held and makes n rows at their
+// defaults. Row numbers run from 1 to size(); 0 is the "not found" answer of the lookups,
+// never a valid row. size() is 0 while the table is unallocated, so loops over an empty
+// kind simply do nothing.
+#pragma once
+
+#include <cassert>
+#include <cstddef>
+#include <vector>
+
+namespace qm {
+
+template <class T>
+class Table {
+public:
+    bool allocated() const { return allocated_; }
+
+    // Frees the table, then makes n rows at their defaults. n <= 0 leaves it allocated and empty.
+    void allocate(int n) {
+        rows_.clear();
+        rows_.shrink_to_fit();
+        rows_.resize(n > 0 ? static_cast<std::size_t>(n) : 0U);
+        allocated_ = true;
+    }
+
+    void deallocate() {
+        rows_.clear();
+        rows_.shrink_to_fit();
+        allocated_ = false;
+    }
+
+    int size() const { return static_cast<int>(rows_.size()); }
+
+    T& operator()(int row) {
+        assert(row >= 1 && row <= size());
+        return rows_[static_cast<std::size_t>(row - 1)];
+    }
+    const T& operator()(int row) const {
+        assert(row >= 1 && row <= size());
+        return rows_[static_cast<std::size_t>(row - 1)];
+    }
+
+    // Contiguous storage, row 1 first: for writers that dump a whole array.
+    T* data() { return rows_.data(); }
+    const T* data() const { return rows_.data(); }
+
+private:
+    std::vector<T> rows_;
+    bool allocated_ = false;
+};
+
+// A 1-based matrix stored column after column: element (i, j) sits at flat position
+// (j-1)*rows + i, which is the layout of the result files and of the mode shape array.
+template <class T>
+class Array2D {
+public:
+    bool allocated() const { return allocated_; }
+
+    void allocate(int rows, int cols) {
+        rows_ = rows > 0 ? rows : 0;
+        cols_ = cols > 0 ? cols : 0;
+        data_.assign(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols_), T{});
+        allocated_ = true;
+    }
+
+    void deallocate() {
+        data_.clear();
+        data_.shrink_to_fit();
+        rows_ = cols_ = 0;
+        allocated_ = false;
+    }
+
+    int rows() const { return rows_; }
+    int cols() const { return cols_; }
+
+    T& operator()(int i, int j) {
+        assert(i >= 1 && i <= rows_ && j >= 1 && j <= cols_);
+        return data_[static_cast<std::size_t>(j - 1) * static_cast<std::size_t>(rows_) +
+                     static_cast<std::size_t>(i - 1)];
+    }
+    const T& operator()(int i, int j) const {
+        assert(i >= 1 && i <= rows_ && j >= 1 && j <= cols_);
+        return data_[static_cast<std::size_t>(j - 1) * static_cast<std::size_t>(rows_) +
+                     static_cast<std::size_t>(i - 1)];
+    }
+
+    T* data() { return data_.data(); }
+    const T* data() const { return data_.data(); }
+    std::size_t flat_size() const { return data_.size(); }
+
+private:
+    std::vector<T> data_;
+    int rows_ = 0;
+    int cols_ = 0;
+    bool allocated_ = false;
+};
+
+}  // namespace qm
