@@ -1,0 +1,39 @@
+#include "components/GlobalRubberDamper.h"
+
+#include "frame/Constants.h"
+
+namespace qm::GLOBAL_RUBBERDAMPER {
+
+int GET_RUBBERDAMPER_NUMBER(const RubberDamperTable& table) { return table.allocated() ? table.size() : 0; }
+
+int GET_RUBBERDAMPER_IRUBBERDAMPER(const RubberDamperTable& table, int id) {
+    for (int i = 1; i <= GET_RUBBERDAMPER_NUMBER(table); ++i)
+        if (table(i).ID == id) return i;
+    return 0;
+}
+
+int GET_RUBBERDAMPER_IRUBBERDAMPER_NODE(const RubberDamperTable& table, int a, int b) {
+    for (int i = 1; i <= GET_RUBBERDAMPER_NUMBER(table); ++i)
+        if (table(i).TURNINGMASSNODE == a && table(i).DRIVEPLATENODE == b) return i;
+    return 0;
+}
+
+double CALCULATE_RUBBERDAMPER_DAMPING(const RubberDamperTable& table, int i, double dynMagnifier,
+                                      double order) {
+    if (i < 1 || i > GET_RUBBERDAMPER_NUMBER(table)) return 0.0;
+    const RubberDamperRecord& d = table(i);
+    if (dynMagnifier == 0.0) return d.ABSDAMPING;
+    const double omega = d.SPEED * PI / 30.0;
+    const double denominator = dynMagnifier * order * omega;
+    if (denominator == 0.0) return 0.0;
+    return d.STIFFNESS / denominator;
+}
+
+void CALCULATE_RUBBERDAMPER_LOADCASESETTING(RubberDamperTable& table, int i, double stiffness,
+                                            double dynMagnifier, double order) {
+    if (i < 1 || i > GET_RUBBERDAMPER_NUMBER(table)) return;
+    table(i).STIFFNESS = stiffness;
+    table(i).DAMPING = CALCULATE_RUBBERDAMPER_DAMPING(table, i, dynMagnifier, order);
+}
+
+}  // namespace qm::GLOBAL_RUBBERDAMPER

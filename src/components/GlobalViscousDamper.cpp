@@ -1,0 +1,34 @@
+#include "components/GlobalViscousDamper.h"
+
+namespace qm::GLOBAL_VISCOUSDAMPER {
+
+int GET_VISCOUSDAMPER_NUMBER(const ViscousDamperTable& table) { return table.allocated() ? table.size() : 0; }
+
+int GET_VISCOUSDAMPER_IVISCOUSDAMPER(const ViscousDamperTable& table, int id) {
+    for (int i = 1; i <= GET_VISCOUSDAMPER_NUMBER(table); ++i)
+        if (table(i).ID == id) return i;
+    return 0;
+}
+
+int GET_VISCOUSDAMPER_IVISCOUSDAMPER_NODE(const ViscousDamperTable& table, int a, int b) {
+    for (int i = 1; i <= GET_VISCOUSDAMPER_NUMBER(table); ++i) {
+        const ViscousDamperRecord& d = table(i);
+        if ((d.RINGNODE == a && d.CASINGNODE == b) || (d.RINGNODE == b && d.CASINGNODE == a)) return i;
+    }
+    return 0;
+}
+
+bool GET_VISCOUSDAMPER_CONTAINCUSTOMDAMPING(const ViscousDamperTable& table) {
+    for (int i = 1; i <= GET_VISCOUSDAMPER_NUMBER(table); ++i)
+        if (table(i).ISCUSTOMDAMPING) return true;
+    return false;
+}
+
+void CALCULATE_VISCOUSDAMPER_LOADCASESETTING(ViscousDamperTable& table, int i, double stiffness) {
+    if (i < 1 || i > GET_VISCOUSDAMPER_NUMBER(table)) return;
+    ViscousDamperRecord& d = table(i);
+    d.STIFFNESS = stiffness;
+    d.DAMPING = d.ABSDAMPING;
+}
+
+}  // namespace qm::GLOBAL_VISCOUSDAMPER
