@@ -1,4 +1,5 @@
-// Module GLOBAL_GASTURBINE: the table of this component kind and its operations.
+// Module GLOBAL_GASTURBINE: gas turbines. A turbine takes part in the power balance of the
+// load cases and excites nothing, so it has no operation beyond its row count and lookup.
 #pragma once
 
 #include "frame/Table.h"
@@ -6,8 +7,23 @@
 namespace qm {
 
 struct GasTurbineRecord {
-    int ID = 0;
+    int ID = 0;              // identification number
+    int GASTURBINENODE = 0;  // ID of the turbine's inertia in MASS_TABLE
+    double RPMRATIO = 1.0;   // speed relative to the load-case reference
+    double MCRPOWER = 0.0;   // W, rating
+    double MCRSPEED = 0.0;   // rpm, rating
+    double MCRTORQUE = 0.0;  // Nm, rating
+    double POWER = 0.0;      // W, operating point of the load case
+    double SPEED = 0.0;      // rpm
+    double TORQUE = 0.0;     // Nm
 };
 using GasTurbineTable = Table<GasTurbineRecord>;
 
+namespace GLOBAL_GASTURBINE {
+
+int GET_GASTURBINE_NUMBER(const GasTurbineTable& table);
+// First row with this ID; 0 when none or when the table is unallocated.
+int GET_GASTURBINE_IGASTURBINE(const GasTurbineTable& table, int id);
+
+}  // namespace GLOBAL_GASTURBINE
 }  // namespace qm
