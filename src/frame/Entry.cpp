@@ -1,5 +1,45 @@
+// The exported main entry of the shared library.
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "frame/GlobalParameter.h"
+#include "frame/QuillmarkSolver.h"
 #include "quillmark/quillmark.h"
-extern "C" void QUILLMARKSOLVER(const int32_t*, const int32_t*, const int32_t*, const int32_t*,
-                                const int32_t*, const int32_t*, int32_t* ISINPUTVALID, const int32_t*) {
+
+namespace {
+
+// A text from an array of character codes: element i gives character i, its low 8 bits.
+// A length above the text length of 1000 is kept whole so the run can refuse it.
+std::string text_from_codes(const int32_t* codes, const int32_t* length) {
+    std::string text;
+    if (codes == nullptr || length == nullptr || *length <= 0) return text;
+    text.resize(static_cast<std::size_t>(*length));
+    for (int32_t i = 0; i < *length; ++i)
+        text[static_cast<std::size_t>(i)] = static_cast<char>(static_cast<uint32_t>(codes[i]) & 0xFFU);
+    return text;
+}
+
+}  // namespace
+
+extern "C" QUILLMARK_API void QUILLMARKSOLVER(const int32_t* INPUTFILEDIRARRAY, const int32_t* INPUTFILEDIRLENGTH,
+                                              const int32_t* INPUTFILENAMEARRAY,
+                                              const int32_t* INPUTFILENAMELENGTH,
+                                              const int32_t* RESULTFILEDIRARRAY,
+                                              const int32_t* RESULTFILEDIRLENGTH, int32_t* ISINPUTVALID,
+                                              const int32_t* CALCULATIONTYPE) {
+    if (ISINPUTVALID == nullptr) return;
     *ISINPUTVALID = 0;
+    try {
+        const int calculationtype = CALCULATIONTYPE != nullptr ? *CALCULATIONTYPE : 0;
+        *ISINPUTVALID = qm::run_solver(text_from_codes(INPUTFILEDIRARRAY, INPUTFILEDIRLENGTH),
+                                       text_from_codes(INPUTFILENAMEARRAY, INPUTFILENAMELENGTH),
+                                       text_from_codes(RESULTFILEDIRARRAY, RESULTFILEDIRLENGTH), calculationtype);
+    } catch (const std::exception& e) {
+        std::cerr << "Quillmark: the run ended early: " << e.what() << "\n";
+        *ISINPUTVALID = 0;
+    } catch (...) {
+        std::cerr << "Quillmark: the run ended early.\n";
+        *ISINPUTVALID = 0;
+    }
 }

@@ -1,0 +1,55 @@
+#include "frame/QuillmarkSolver.h"
+
+#include <iostream>
+
+#include "frame/GlobalParameter.h"
+#include "frame/Model.h"
+#include "input/ImportInputFile.h"
+#include "input/StringOperation.h"
+#include "matrices/FreeVibration.h"
+
+namespace qm {
+
+bool runs_load_case_preparation(int CALCULATIONTYPE) { return CALCULATIONTYPE == 2 || CALCULATIONTYPE == 3; }
+bool runs_free_vibration(int CALCULATIONTYPE) { return CALCULATIONTYPE != 0 && CALCULATIONTYPE != 2; }
+bool runs_forced_vibration(int CALCULATIONTYPE) { return CALCULATIONTYPE != 0 && CALCULATIONTYPE != 1; }
+
+int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME,
+               const std::string& RESULTFILEDIR, int CALCULATIONTYPE) {
+    using GLOBAL_PARAMETER::FILENAME_LENGTH;
+    if (static_cast<int>(INPUTFILEDIR.size()) > FILENAME_LENGTH ||
+        static_cast<int>(INPUTFILENAME.size()) > FILENAME_LENGTH ||
+        static_cast<int>(RESULTFILEDIR.size()) > FILENAME_LENGTH) {
+        std::cerr << "Quillmark: a directory or file name is longer than " << FILENAME_LENGTH
+                  << " characters; nothing was calculated.\n";
+        return 0;
+    }
+    if (STRINGOPERATION::trimmed(RESULTFILEDIR).empty()) {
+        std::cerr << "Quillmark: the result directory is blank; nothing was calculated.\n";
+        return 0;
+    }
+
+    GLOBAL_PARAMETER::SETRESULTFILEDIR(RESULTFILEDIR, static_cast<int>(RESULTFILEDIR.size()));
+    // A blank input directory leaves the file name as given, relative to the working
+    // directory, rather than putting it at the root of the file system.
+    const std::string FILENAME = STRINGOPERATION::trimmed(INPUTFILEDIR).empty()
+                                     ? STRINGOPERATION::trimmed(INPUTFILENAME)
+                                     : GLOBAL_PARAMETER::FILEFULLADDRESS(INPUTFILEDIR, INPUTFILENAME);
+
+    ModelTables tables;
+    bool ISSUCCESS = false;
+    int ISINPUTVALID = 0;
+    IMPORTINPUTFILE::READINPUTFILE(FILENAME, tables, ISSUCCESS);
+    if (ISSUCCESS) {
+        ISINPUTVALID = 1;
+        if (runs_free_vibration(CALCULATIONTYPE))
+            FREEVIBRATION::FREEVIBRATIONCALCULATION(
+                tables.MASS_TABLE, tables.SHAFT_TABLE, tables.VISCOUSDAMPER_TABLE, tables.LINEARCOUPLING_TABLE,
+                tables.PROGRESSIVECOUPLING_TABLE, tables.GEISLINGERCOUPLING_TABLE, tables.PROPELLER_TABLE,
+                tables.DIESEL_TABLE);
+    }
+    tables.deallocate_all();
+    return ISINPUTVALID;
+}
+
+}  // namespace qm

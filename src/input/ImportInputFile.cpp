@@ -1,0 +1,205 @@
+#include "input/ImportInputFile.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "frame/GlobalParameter.h"
+#include "frame/Log.h"
+#include "input/InputReader.h"
+#include "input/InputSections.h"
+#include "input/StringOperation.h"
+
+namespace qm {
+
+bool read_text_line(std::istream& in, std::string& line) {
+    if (!std::getline(in, line)) {
+        line.assign(LINE_LENGTH, ' ');
+        return false;
+    }
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    line.resize(LINE_LENGTH, ' ');
+    return true;
+}
+
+bool InputReader::next_line() {
+    ++line_counter;
+    const bool ok = read_text_line(in, line);
+    STRINGOPERATION::STRINGDELETETAB(line);
+    return ok;
+}
+
+bool InputReader::fail(const std::string& message) const {
+    LOG::append(LOG::with_line_number(message, line_counter));
+    return false;
+}
+
+namespace IMPORTINPUTFILE {
+
+namespace {
+
+// The first word of a line, in capitals.
+std::string keyword_of(const std::string& line) {
+    std::string word = line;
+    STRINGOPERATION::STRINGFIRSTWORD(word);
+    STRINGOPERATION::STRINGUPCASE(word);
+    return STRINGOPERATION::trimmed(word);
+}
+
+bool is_blank_line(const std::string& line) { return line.find_first_not_of(' ') == std::string::npos; }
+
+void allocate_tables(ModelTables& t, const std::array<int, NKINDS>& count, int nComponent) {
+    t.deallocate_all();
+    auto size = [&](auto& table, Kind k) {
+        if (count[k] > 0) table.allocate(count[k]);
+    };
+    size(t.MASS_TABLE, INERTIA);
+    size(t.SHAFT_TABLE, SHAFT);
+    size(t.VISCOUSDAMPER_TABLE, VISCOUSDAMPER);
+    size(t.RUBBERDAMPER_TABLE, RUBBERDAMPER);
+    size(t.STEELSPRINGDAMPER_TABLE, STEELSPRINGDAMPER);
+    size(t.LINEARCOUPLING_TABLE, LINEARCOUPLING);
+    size(t.PROGRESSIVECOUPLING_TABLE, PROGRESSIVECOUPLING);
+    size(t.GEISLINGERCOUPLING_TABLE, GEISLINGERCOUPLING);
+    size(t.DIESEL_TABLE, DIESEL);
+    size(t.ELECTRICMOTOR_TABLE, ELECTRICMOTOR);
+    size(t.GASTURBINE_TABLE, GASTURBINE);
+    size(t.STEAMTURBINE_TABLE, STEAMTURBINE);
+    size(t.PROPELLER_TABLE, PROPELLER);
+    size(t.GENERATOR_TABLE, GENERATOR);
+    size(t.CENTRIFUGALPUMP_TABLE, CENTRIFUGALPUMP);
+    size(t.RECIPROCATINGPUMP_TABLE, RECIPROCATINGPUMP);
+    if (nComponent > 0) t.LOADCASE_TABLE.allocate(nComponent);
+}
+
+// The sizing pass. False after an error, which is logged.
+bool size_tables(const std::string& filename, ModelTables& tables, int& nLoadCase) {
+    std::ifstream in(filename, std::ios::binary);
+    GLOBAL_PARAMETER::GETFILEID();
+    std::array<int, NKINDS> count{};
+    std::string line;
+    bool ok = read_text_line(in, line);
+    STRINGOPERATION::STRINGDELETETAB(line);
+    std::string word = keyword_of(line);
+    while (ok && word != "LOADCASE") {
+        if (word == "OUTPUTANGLEBASEDRESULTS") GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS() = true;
+        for (int k = 0; k < NKINDS; ++k)
+            if (word == KEYWORDS[static_cast<std::size_t>(k)]) ++count[static_cast<std::size_t>(k)];
+        ok = read_text_line(in, line);
+        STRINGOPERATION::STRINGDELETETAB(line);
+        word = keyword_of(line);
+    }
+    int nComponent = 0;
+    for (int k = VISCOUSDAMPER; k < NKINDS; ++k) nComponent += count[static_cast<std::size_t>(k)];
+    allocate_tables(tables, count, nComponent);
+
+    nLoadCase = 0;
+    if (ok && word == "LOADCASE") {
+        if (nComponent == 0) {
+            LOG::append("Error occurs when reading loadcase settings data : No load setting defined");
+            return false;
+        }
+        int rows = 0;
+        while (read_text_line(in, line)) {
+            STRINGOPERATION::STRINGDELETETAB(line);
+            if (!is_blank_line(line)) ++rows;
+        }
+        nLoadCase = rows - 2;  // the two head lines of the table
+    }
+    return true;
+}
+
+// The filling pass. False after an error, which is logged.
+bool fill_tables(const std::string& filename, ModelTables& tables, int nLoadCase) {
+    std::ifstream in(filename, std::ios::binary);
+    GLOBAL_PARAMETER::GETFILEID();
+    InputReader reader(in, tables);
+    reader.nLoadCase = nLoadCase;
+
+    const std::array<SectionReader, NKINDS> sections = section_readers();
+    // Sections are tested in this order; PROPELLERICE belongs to the propeller before it.
+    constexpr std::array<Kind, NKINDS> order = {
+        INERTIA, SHAFT, VISCOUSDAMPER, RUBBERDAMPER, STEELSPRINGDAMPER, LINEARCOUPLING,
+        PROGRESSIVECOUPLING, GEISLINGERCOUPLING, ELECTRICMOTOR, GENERATOR, CENTRIFUGALPUMP,
+        GASTURBINE, STEAMTURBINE, DIESEL, RECIPROCATINGPUMP, PROPELLER};
+    std::array<int, NKINDS> row{};
+    int propeller_ice_row = 0;
+
+    bool ok = reader.next_line();
+    reader.values = reader.line;
+    std::string word = keyword_of(reader.line);
+    while (ok && word != "LOADCASE") {
+        bool matched = false;
+        for (Kind k : order) {
+            if (word != KEYWORDS[static_cast<std::size_t>(k)]) continue;
+            matched = true;
+            const int r = ++row[static_cast<std::size_t>(k)];
+            STRINGOPERATION::STRINGWITHOUTFIRSTWORD(reader.values);
+            const SectionReader read = sections[static_cast<std::size_t>(k)];
+            if (read != nullptr && !read(reader, r)) return false;
+            break;
+        }
+        if (!matched && word == "PROPELLERICE") {
+            ++propeller_ice_row;
+            STRINGOPERATION::STRINGWITHOUTFIRSTWORD(reader.values);
+            const SectionReader read = propeller_ice_reader();
+            if (read != nullptr && !read(reader, row[PROPELLER])) return false;
+        }
+        ok = reader.next_line();
+        reader.values = reader.line;
+        word = keyword_of(reader.line);
+    }
+    if (ok && word == "LOADCASE") {
+        const SectionReader read = load_case_reader();
+        if (read != nullptr && !read(reader, 0)) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+void ISFILEACCESSABLE(const std::string& FILENAME, bool& ISACCESSABLE) {
+    GLOBAL_PARAMETER::GETFILEID();
+    std::error_code ec;
+    const std::string name = STRINGOPERATION::trimmed(FILENAME);
+    if (name.empty() || std::filesystem::is_directory(name, ec)) {
+        ISACCESSABLE = false;
+        return;
+    }
+    std::ifstream probe(name, std::ios::binary);
+    ISACCESSABLE = probe.is_open();
+}
+
+void READINPUTFILE(const std::string& FILENAME, ModelTables& tables, bool& ISSUCCESS) {
+    ISSUCCESS = false;
+    // Units of the input, the log and the genset file.
+    GLOBAL_PARAMETER::GETFILEID();
+    GLOBAL_PARAMETER::GETFILEID();
+    GLOBAL_PARAMETER::GETFILEID();
+    const std::string filename = STRINGOPERATION::trimmed(FILENAME);
+    GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS() = false;
+
+    if (!LOG::create()) {
+        std::cerr << "Quillmark: the log cannot be written in the result directory \""
+                  << GLOBAL_PARAMETER::RESULTFILEDIR() << "\"; it must exist and be writable.\n";
+        return;
+    }
+
+    bool accessible = false;
+    ISFILEACCESSABLE(filename, accessible);
+    if (!accessible) {
+        LOG::append("error occurs when accessing the input file" + filename);
+        return;
+    }
+
+    int nLoadCase = 0;
+    if (!size_tables(filename, tables, nLoadCase)) return;
+    if (!fill_tables(filename, tables, nLoadCase)) return;
+    ISSUCCESS = true;
+    complete_after_reading(tables, ISSUCCESS);
+}
+
+}  // namespace IMPORTINPUTFILE
+}  // namespace qm

@@ -1,0 +1,40 @@
+// The state of the input reader while it fills the tables, handed to each section.
+//
+// A section takes the values behind its keyword from `values` (the line with its first
+// word removed), reads its further lines with next_line(), and on a value that does not
+// convert calls fail() with its message, which logs the message with the line number.
+#pragma once
+
+#include <istream>
+#include <string>
+
+#include "frame/Model.h"
+
+namespace qm {
+
+constexpr int LINE_LENGTH = 2600;  // characters of a line that count
+
+// Reads one line of a text file: the first LINE_LENGTH characters count, a carriage
+// return before the line end is dropped, and the result is blank-padded to LINE_LENGTH.
+// False at the end of the file.
+bool read_text_line(std::istream& in, std::string& line);
+
+struct InputReader {
+    std::istream& in;
+    ModelTables& tables;
+    int line_counter = 0;
+    std::string line;    // the current line after tab removal
+    std::string values;  // the keyword line without its first word
+    int nLoadCase = 0;   // load case rows counted by the sizing pass
+
+    InputReader(std::istream& input, ModelTables& t) : in(input), tables(t) {}
+
+    // Reads the next line of a section into `line`, raising the line counter; tabs become
+    // blanks and commas periods. At the end of the file the line is blank.
+    bool next_line();
+
+    // Logs the message followed by the current line number and returns false.
+    bool fail(const std::string& message) const;
+};
+
+}  // namespace qm

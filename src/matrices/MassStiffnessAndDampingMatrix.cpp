@@ -1,0 +1,120 @@
+#include "matrices/MassStiffnessAndDampingMatrix.h"
+
+#include "components/GlobalMass.h"
+#include "components/GlobalShaft.h"
+
+namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX {
+
+void MASSANDSHAFTTABLEPREPARATION(bool free, MassTable& MASS_TABLE, ShaftTable& SHAFT_TABLE,
+                                  const ViscousDamperTable& VISCOUSDAMPER_TABLE,
+                                  const LinearCouplingTable& LINEARCOUPLING_TABLE,
+                                  const ProgressiveCouplingTable& PROGRESSIVECOUPLING_TABLE,
+                                  PropellerTable& PROPELLER_TABLE, int loadcase) {
+    (void)LINEARCOUPLING_TABLE;
+    (void)PROGRESSIVECOUPLING_TABLE;
+    (void)PROPELLER_TABLE;
+    (void)loadcase;
+    for (int i = 1; i <= GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE); ++i)
+        MASS_TABLE(i).INERTIAEFFECTIVE = MASS_TABLE(i).INERTIA;
+    for (int i = 1; i <= GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE); ++i)
+        SHAFT_TABLE(i).STIFFNESSDYNAMIC = SHAFT_TABLE(i).STIFFNESS;
+
+    // In free mode the ring of a viscous damper leaves the system and half of its inertia
+    // goes to the casing.
+    if (VISCOUSDAMPER_TABLE.allocated() && free) {
+        for (int d = 1; d <= VISCOUSDAMPER_TABLE.size(); ++d) {
+            const int ring = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, VISCOUSDAMPER_TABLE(d).RINGNODE);
+            const int casing = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, VISCOUSDAMPER_TABLE(d).CASINGNODE);
+            if (ring < 1 || casing < 1) continue;  // reported by the data check
+            MASS_TABLE(casing).INERTIAEFFECTIVE =
+                0.5 * MASS_TABLE(ring).INERTIA + MASS_TABLE(casing).INERTIA;
+        }
+    }
+}
+
+void CALCUALTEMASSSTIFFNESSMATRIXDIMENSION(bool free, const MassTable& MASS_TABLE, int& N, int& NNZ) {
+    const int rows = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
+    N = free ? GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGMASS(MASS_TABLE, rows) : rows;
+    NNZ = N > 0 ? 3 * N - 2 : 0;
+}
+
+namespace {
+
+void allocate_zeroed(SystemMatrices& mx, int N, int NNZ) {
+    mx.N = N;
+    mx.NNZ = NNZ;
+    mx.M.allocate(N);
+    mx.CA.allocate(N);
+    mx.CAR.allocate(N);
+    mx.D.allocate(N);
+    mx.V.allocate(N, N);
+    mx.K.allocate(NNZ);
+    mx.CR.allocate(NNZ);
+    mx.CRR.allocate(NNZ);
+    mx.ROWIND.allocate(NNZ);
+    mx.COLIND.allocate(NNZ);
+    for (int p = 1; p <= N; ++p) {
+        mx.ROWIND(p) = p;
+        mx.COLIND(p) = p;
+    }
+}
+
+void BUILDMASSANDMASSDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE, SystemMatrices& mx) {
+    int p = 0;
+    for (int row = 1; row <= GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE); ++row) {
+        const MassRecord& m = MASS_TABLE(row);
+        if (free && m.MASSTYPE == 3) continue;
+        ++p;
+        mx.M(p) = m.INERTIAEFFECTIVE * m.RPMRATIO * m.RPMRATIO;
+    }
+}
+
+void BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE,
+                                             const ShaftTable& SHAFT_TABLE, SystemMatrices& mx) {
+    int c = 0;
+    for (int row = 1; row <= GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE); ++row) {
+        const ShaftRecord& s = SHAFT_TABLE(row);
+        if (free && s.SHAFTTYPE == 12) continue;
+        // Free mode numbers the degrees of freedom without the rings; forced mode has one
+        // per row of the table.
+        const int i = free ? GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGSHAFT(MASS_TABLE, s.ORGNODE)
+                           : GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, s.ORGNODE);
+        const int j = free ? GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGSHAFT(MASS_TABLE, s.DESNODE)
+                           : GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, s.DESNODE);
+        // A shaft to an inertia that is not in the table, or one more than a tree can hold,
+        // has no place in the arrays; the data check reports both.
+        if (i < 1 || j < 1 || mx.N + c + 2 > mx.NNZ) continue;
+        const double kr2 = s.STIFFNESSDYNAMIC * s.RPMRATIO * s.RPMRATIO;
+        mx.K(i) += kr2;
+        mx.K(j) += kr2;
+        ++c;
+        mx.ROWIND(mx.N + c) = i;
+        mx.COLIND(mx.N + c) = j;
+        mx.K(mx.N + c) = -kr2;
+        ++c;
+        mx.ROWIND(mx.N + c) = j;
+        mx.COLIND(mx.N + c) = i;
+        mx.K(mx.N + c) = -kr2;
+    }
+}
+
+}  // namespace
+
+void BUILDMASSSTIFFNESSANDDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE,
+                                        const ShaftTable& SHAFT_TABLE,
+                                        const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
+                                        const DieselTable& DIESEL_TABLE,
+                                        const ViscousDamperTable& VISCOUSDAMPER_TABLE, double order,
+                                        SystemMatrices& mx) {
+    (void)GEISLINGERCOUPLING_TABLE;
+    (void)DIESEL_TABLE;
+    (void)VISCOUSDAMPER_TABLE;
+    (void)order;
+    int N = 0, NNZ = 0;
+    CALCUALTEMASSSTIFFNESSMATRIXDIMENSION(free, MASS_TABLE, N, NNZ);
+    allocate_zeroed(mx, N, NNZ);
+    BUILDMASSANDMASSDAMPINGMATRIX(free, MASS_TABLE, mx);
+    BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(free, MASS_TABLE, SHAFT_TABLE, mx);
+}
+
+}  // namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX

@@ -1,0 +1,51 @@
+// Module MASSSTIFFNESSANDDAMPINGMATRIX: table preparation and the assembly of the mass,
+// stiffness and damping arrays of the shaft line, all referred to the reference shaft by
+// the square of each element's speed ratio.
+#pragma once
+
+#include "frame/Model.h"
+#include "frame/Table.h"
+
+namespace qm {
+
+// The arrays of one assembly. Diagonals (M, CA, CAR) have N values, the coordinate-form
+// arrays (K, CR, CRR with ROWIND, COLIND) NNZ values: the diagonal in positions 1..N,
+// then two positions per shaft, (origin, destination) and (destination, origin).
+struct SystemMatrices {
+    int N = 0;
+    int NNZ = 0;
+    Table<double> M;
+    Table<double> K;
+    Table<int> ROWIND;
+    Table<int> COLIND;
+    Table<double> CA;
+    Table<double> CAR;
+    Table<double> CR;
+    Table<double> CRR;
+    Table<double> D;    // natural angular frequencies, rad/s, ascending
+    Array2D<double> V;  // mode shapes, (degree of freedom, mode), column after column
+};
+
+namespace MASSSTIFFNESSANDDAMPINGMATRIX {
+
+// Sets INERTIAEFFECTIVE and STIFFNESSDYNAMIC of the tables for the free (free = true) or
+// the forced calculation of a load case.
+void MASSANDSHAFTTABLEPREPARATION(bool free, MassTable& MASS_TABLE, ShaftTable& SHAFT_TABLE,
+                                  const ViscousDamperTable& VISCOUSDAMPER_TABLE,
+                                  const LinearCouplingTable& LINEARCOUPLING_TABLE,
+                                  const ProgressiveCouplingTable& PROGRESSIVECOUPLING_TABLE,
+                                  PropellerTable& PROPELLER_TABLE, int loadcase);
+
+// N: rows of MASS_TABLE, without the viscous damper rings in free mode. NNZ = 3N - 2.
+void CALCUALTEMASSSTIFFNESSMATRIXDIMENSION(bool free, const MassTable& MASS_TABLE, int& N, int& NNZ);
+
+// Builds the arrays anew, zero-filled, and assembles them.
+void BUILDMASSSTIFFNESSANDDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE,
+                                        const ShaftTable& SHAFT_TABLE,
+                                        const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
+                                        const DieselTable& DIESEL_TABLE,
+                                        const ViscousDamperTable& VISCOUSDAMPER_TABLE, double order,
+                                        SystemMatrices& mx);
+
+}  // namespace MASSSTIFFNESSANDDAMPINGMATRIX
+}  // namespace qm

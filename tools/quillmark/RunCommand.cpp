@@ -1,0 +1,91 @@
+#include "RunCommand.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <vector>
+
+#include "frame/Constants.h"
+#include "frame/Format.h"
+#include "quillmark/quillmark.h"
+
+namespace qm::cli {
+
+namespace {
+
+std::vector<int32_t> codes(const std::string& text) { return {text.begin(), text.end()}; }
+
+std::vector<double> read_records(const std::filesystem::path& file) {
+    std::vector<double> values;
+    std::ifstream in(file, std::ios::binary);
+    double v = 0.0;
+    while (in.read(reinterpret_cast<char*>(&v), sizeof v)) values.push_back(v);
+    return values;
+}
+
+void print_log(const std::filesystem::path& log) {
+    std::ifstream in(log);
+    std::string line;
+    bool any = false;
+    while (std::getline(in, line)) {
+        if (!any) std::cout << "\nLog findings:\n";
+        std::cout << "  " << line << "\n";
+        any = true;
+    }
+    if (!any) std::cout << "\nLog: no findings.\n";
+}
+
+void print_natural_frequencies(const std::filesystem::path& file) {
+    const std::vector<double> omega = read_records(file);
+    if (omega.empty()) return;
+    std::cout << "\nNatural frequencies (" << file.filename().string() << "):\n";
+    std::cout << fmt::A("Mode", 6) << fmt::A("rad/s", 16) << fmt::A("Hz", 16) << fmt::A("rpm", 16) << "\n";
+    for (std::size_t m = 0; m < omega.size(); ++m) {
+        const double w = omega[m];
+        std::cout << fmt::I(static_cast<long long>(m + 1), 6) << fmt::F(w, 16, 4) << fmt::F(w / (2.0 * PI), 16, 4)
+                  << fmt::F(w * RPM_PER_RAD_PER_S, 16, 2) << "\n";
+    }
+}
+
+}  // namespace
+
+int call_solver(const std::string& model, const std::string& result_dir, int calculation_type) {
+    const std::filesystem::path path = std::filesystem::absolute(model);
+    const std::vector<int32_t> dir = codes(path.parent_path().string());
+    const std::vector<int32_t> name = codes(path.filename().string());
+    const std::vector<int32_t> result = codes(std::filesystem::absolute(result_dir).string());
+    const int32_t dir_length = static_cast<int32_t>(dir.size());
+    const int32_t name_length = static_cast<int32_t>(name.size());
+    const int32_t result_length = static_cast<int32_t>(result.size());
+    int32_t valid = 0;
+    const int32_t type = calculation_type;
+    QUILLMARKSOLVER(dir.data(), &dir_length, name.data(), &name_length, result.data(), &result_length, &valid,
+                    &type);
+    return valid;
+}
+
+void add_run_command(CLI::App& app, int& exit_code) {
+    auto* run = app.add_subcommand("run", "Run a calculation of a model and show its results");
+    auto model = std::make_shared<std::string>();
+    auto out = std::make_shared<std::string>("out");
+    auto type = std::make_shared<int>(1);
+    run->add_option("MODEL", *model, "Input file of the model")->required()->check(CLI::ExistingFile);
+    run->add_option("-o,--output", *out, "Result directory; created when missing (default: out)");
+    run->add_option("--type", *type,
+                    "Calculation type: 0 read and check only, 1 free vibration (default), "
+                    "2 forced vibration, 3 free and forced with load case checks");
+    run->callback([model, out, type, &exit_code] {
+        std::error_code ec;
+        std::filesystem::create_directories(*out, ec);
+        const int valid = call_solver(*model, *out, *type);
+        std::cout << "Model: " << *model << "\n";
+        std::cout << "Result directory: " << std::filesystem::absolute(*out).string() << "\n";
+        std::cout << "Input valid: " << (valid == 1 ? "yes" : "no") << " (ISINPUTVALID " << valid << ")\n";
+        print_log(std::filesystem::path(*out) / "Quillmark.log");
+        if (valid == 1) print_natural_frequencies(std::filesystem::path(*out) / "NaturalFrequency.bin");
+        exit_code = valid == 1 ? 0 : 1;
+    });
+}
+
+}  // namespace qm::cli

@@ -1,0 +1,14 @@
+// `quillmark run`: one calculation through the library's entry, as a host program makes it.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace qm::cli {
+
+void add_run_command(CLI::App& app, int& exit_code);
+
+// Calls the exported entry with the model's directory and name as character-code arrays.
+// Returns ISINPUTVALID.
+int call_solver(const std::string& model, const std::string& result_dir, int calculation_type);
+
+}  // namespace qm::cli
