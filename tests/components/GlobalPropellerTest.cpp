@@ -1,0 +1,294 @@
+// Propeller model: inertia with entrained water, the five damping models, the load case
+// setting and the table-wide ice and phase queries. Expected values are worked by hand;
+// EXPECT_DOUBLE_EQ (4 ulp) separates 4.271 from 4.270999908447266.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "components/GlobalPropeller.h"
+#include "frame/GlobalParameter.h"
+#include "frame/Log.h"
+
+using namespace qm;
+using namespace qm::GLOBAL_PROPELLER;
+
+namespace {
+
+PropellerTable one_propeller() {
+    PropellerTable table;
+    table.allocate(1);
+    return table;
+}
+
+// Reads the log of the current result directory.
+std::string log_text() {
+    std::ifstream in(LOG::path());
+    std::stringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+// Points the run at a fresh result directory with an empty log.
+void fresh_result_directory() {
+    char pattern[] = "/tmp/qm_propeller_XXXXXX";
+    const char* dir = mkdtemp(pattern);
+    ASSERT_NE(dir, nullptr);
+    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir, static_cast<int>(std::string(dir).size()));
+    ASSERT_TRUE(LOG::create());
+}
+
+TEST(GlobalPropeller, LookupsAndIceAndPhaseQueries) {
+    PropellerTable table;
+    EXPECT_EQ(GET_PROPELLER_NUMBER(table), 0);
+    EXPECT_EQ(GET_PROPELLERICEHARMONICORDERNUMBER(table), 0);
+    EXPECT_FALSE(GET_PROPELLER_ISMODELCONSIDERPHASEANGLE(table));
+
+    table.allocate(3);
+    table(1).ID = 4;
+    table(2).ID = 9;
+    table(3).ID = 4;
+    EXPECT_EQ(GET_PROPELLER_IPROPELLER(table, 4), 1);
+    EXPECT_EQ(GET_PROPELLER_IPROPELLER(table, 9), 2);
+    EXPECT_EQ(GET_PROPELLER_IPROPELLER(table, 5), 0);
+
+    table(1).NBLADE = 3;
+    table(2).NBLADE = 4;
+    table(3).NBLADE = 5;
+    EXPECT_EQ(GET_PROPELLER_NICEFOURIERORDERS(table, 2), 17);  // 4 * 4 + 1
+
+    // Phase angles count while no propeller has ice.
+    EXPECT_FALSE(GET_PROPELLER_ISMODELCONSIDERPHASEANGLE(table));
+    table(3).CONSIDERPHASEANGLE = true;
+    EXPECT_TRUE(GET_PROPELLER_ISMODELCONSIDERPHASEANGLE(table));
+
+    // The first ice propeller in row order decides the number of ice harmonics: 4 * 4.
+    table(2).HASICEEXCITATION = true;
+    table(3).HASICEEXCITATION = true;
+    EXPECT_EQ(GET_PROPELLERICEHARMONICORDERNUMBER(table), 16);
+    // With ice anywhere, phase angles are off whatever CONSIDERPHASEANGLE says.
+    EXPECT_FALSE(GET_PROPELLER_ISMODELCONSIDERPHASEANGLE(table));
+
+    EXPECT_EQ(ice_position(1, 1, 2), 0U);
+    EXPECT_EQ(ice_position(17, 2, 2), 33U);  // (17 - 1) * 2 + 2, zero-based
+}
+
+TEST(GlobalPropeller, TextSettersAndSpeedRatio) {
+    PropellerTable table = one_propeller();
+    SET_PROPELLER_EXCITATIONFILE(table, 1, std::string(1001, 'i'));
+    EXPECT_EQ(table(1).EXCITATIONFILE.size(), 1000U);
+    SET_PROPELLER_VARIABLEENTRAINEDWATERFILE(table, 1, "water.txt   ");
+    EXPECT_EQ(table(1).VARIABLEENTRAINEDWATERFILE, "water.txt");
+
+    table(1).SPEED = 75.0;
+    table(1).MCRSPEED = 100.0;
+    EXPECT_EQ(CALCULATE_SPEEDRATIO(table, 1), 0.75);
+    table(1).MCRSPEED = 0.0;
+    EXPECT_EQ(CALCULATE_SPEEDRATIO(table, 1), 0.0);
+}
+
+TEST(GlobalPropeller, InertiaTotalFollowsTheLoadCaseOnlyInForcedVibration) {
+    fresh_result_directory();
+    PropellerTable table = one_propeller();
+    PropellerRecord& p = table(1);
+    p.INERTIAAIR = 3000.0;
+    p.INERTIAWATER = 1000.0;
+    p.NLOADCASE = 3;
+    p.VARIABLEENTRAINEDWATERTABLE = {1100.0, 1200.0, 1300.0};
+
+    // Constant water: nominal in both calculations.
+    CALCULATE_PROPELLER_INERTIATOTAL(false, table, 1, 2);
+    EXPECT_EQ(p.INERTIATOTAL, 4000.0);
+
+    p.ISVARIABLEENTRAINEDWATER = true;
+    CALCULATE_PROPELLER_INERTIATOTAL(true, table, 1, 2);
+    EXPECT_EQ(p.INERTIATOTAL, 4000.0);  // free vibration: nominal water
+    CALCULATE_PROPELLER_INERTIATOTAL(false, table, 1, 2);
+    EXPECT_EQ(p.INERTIATOTAL, 4200.0);  // forced: load case 2
+    CALCULATE_PROPELLER_INERTIATOTAL(false, table, 1, 3);
+    EXPECT_EQ(p.INERTIATOTAL, 4300.0);
+    EXPECT_EQ(log_text(), "");
+
+    // A load case past NLOADCASE falls back on the nominal water and is logged; so is one
+    // that the table read doesn't reach, and a load case number below 1.
+    CALCULATE_PROPELLER_INERTIATOTAL(false, table, 1, 4);
+    EXPECT_EQ(p.INERTIATOTAL, 4000.0);
+    const std::string line = std::string(ENTRAINEDWATERERROR) + "\n";
+    EXPECT_EQ(log_text(), line);
+    EXPECT_EQ(std::string(ENTRAINEDWATERERROR),
+              "Error occurs when setting variable propeller entrained water inertia at Propeller!");
+    p.NLOADCASE = 5;
+    EXPECT_EQ(CALCULATE_PROPELLER_CURRENTINERTIAWATER(table, 1, 5), 1000.0);
+    EXPECT_EQ(CALCULATE_PROPELLER_CURRENTINERTIAWATER(table, 1, 0), 1000.0);
+    EXPECT_EQ(log_text(), line + line + line);
+}
+
+// Five-metre propeller on a one-metre boss, pitch ratio 1, area ratio 0.5, at 100 rpm.
+PropellerTable schwanecke_propeller() {
+    PropellerTable table = one_propeller();
+    PropellerRecord& p = table(1);
+    p.DAMPINGMETHOD = SCHWANEKE;
+    p.DI = 5.0;
+    p.DB = 1.0;
+    p.PITCHRATIO = 1.0;
+    p.EXPAREARATIO = 0.5;
+    p.SPEED = 100.0;
+    return table;
+}
+
+TEST(GlobalPropeller, SchwaneckeDampingWithDuctAndPitchFactors) {
+    PropellerTable table = schwanecke_propeller();
+    PropellerRecord& p = table(1);
+    // x = 5, s = 2: A = 2/40 + 2/300 - 2/375 + atan(2) * 0.125 = 0.18972692305759464
+    // c = 4.270999908447266 * A * 5^5 * 1 * 0.5 * 100 = 126613.07359515129 (4.271: 126613.0763)
+    constexpr double C = 126613.07359515129;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), C);
+
+    // Fixed pitch ignores PITCHPERCENT; a controllable one at 100 % or more isn't scaled.
+    p.PITCHPERCENT = 0.8;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), C);
+    p.ISFIXEDPITCH = false;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 101290.45887612103);
+    p.PITCHPERCENT = 1.0;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), C);
+    // Ducted: c * 1.2999999523162842; ducted and controllable at 80 %: both factors.
+    p.ISDUCTED = true;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 164596.98963631486);
+    p.PITCHPERCENT = 0.8;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 131677.5917090519);
+}
+
+TEST(GlobalPropeller, SchwaneckeGuardsOfTheBoss) {
+    PropellerTable table = schwanecke_propeller();
+    PropellerRecord& p = table(1);
+    // No boss: A -> atan(inf) * 0.125 = pi / 16; with DI = 2: 4.271 * pi/16 * 32 * 0.5 * 100.
+    p.DB = 0.0;
+    p.DI = 2.0;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 1341.7741935860608);
+    // Boss as large as the propeller or larger: no blade, no damping.
+    p.DB = 2.0;
+    EXPECT_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 0.0);
+    p.DB = 3.0;
+    EXPECT_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 0.0);
+    // Nothing at all: zero, not NaN.
+    p.DB = 0.0;
+    p.DI = 0.0;
+    EXPECT_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 0.0);
+}
+
+TEST(GlobalPropeller, ArcherFrahmAndManualDamping) {
+    PropellerTable table = one_propeller();
+    PropellerRecord& p = table(1);
+    p.SPEED = 80.0;
+    p.TORQUE = 1e5;
+    p.ARCHERNUMBER = 30.0;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_ARCHERDAMPING(table, 1), 37500.0);  // 30 * 1e5 / 80
+
+    // k = 91.25 * (9549.29631978034 / 9.54929631978034) / 100^2 = 9.125; 2 * k * 80 = 1460.
+    // With 30 / pi in full precision it would be 1459.99996.
+    p.MCRTORQUE = 9549.29631978034;
+    p.MCRSPEED = 100.0;
+    p.FRAHMNUMBER = 2.0;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_FRAHMDAMPING(table, 1), 1460.0);
+
+    // I = 3000 + 1000, 60 rpm is 2 pi rad/s, V = 20: 4000 * 2 pi / 20
+    p.SPEED = 60.0;
+    p.INERTIAAIR = 3000.0;
+    p.INERTIAWATER = 1000.0;
+    p.DYNMAGNIFIER = 20.0;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_MANUALDAMPING(table, 1), 1256.637061435917);
+    // The load case's water doesn't enter the damping.
+    p.ISVARIABLEENTRAINEDWATER = true;
+    p.NLOADCASE = 1;
+    p.VARIABLEENTRAINEDWATERTABLE = {5000.0};
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_MANUALDAMPING(table, 1), 1256.637061435917);
+
+    // Guards: no magnifier, standstill, no rated speed.
+    p.DYNMAGNIFIER = 0.0;
+    EXPECT_EQ(CALCULATE_PROPELLER_MANUALDAMPING(table, 1), 0.0);
+    p.SPEED = 0.0;
+    EXPECT_EQ(CALCULATE_PROPELLER_ARCHERDAMPING(table, 1), 0.0);
+    p.MCRSPEED = 0.0;
+    EXPECT_EQ(CALCULATE_PROPELLER_FRAHMDAMPING(table, 1), 0.0);
+}
+
+TEST(GlobalPropeller, VariableDampingAroundTheKnucklePoint) {
+    PropellerTable table = one_propeller();
+    PropellerRecord& p = table(1);
+    p.INERTIAAIR = 3000.0;
+    p.INERTIAWATER = 1000.0;
+    p.ISVARIABLEENTRAINEDWATER = true;  // nominal water all the same
+    p.NLOADCASE = 1;
+    p.VARIABLEENTRAINEDWATERTABLE = {9000.0};
+    p.MCRSPEED = 100.0;
+    p.KNUCKLEPOINT = 80.0;
+    p.DYNMAGNIFIERFORKNUCKLEPOINT = 20.0;  // zeta = 1 / 40 = 0.025
+
+    // Exactly at the knuckle: upper branch, V = 20, 4000 * (80 pi / 30) / 20
+    p.SPEED = 80.0;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_VARIABLEDAMPING(table, 1), 1675.5160819145563);
+    EXPECT_DOUBLE_EQ(p.DYNMAGNIFIER, 20.0);
+    // Half the knuckle speed: zeta = 0.025 / 80 * 40 = 0.0125, V = 40, 4000 * (40 pi / 30) / 40
+    p.SPEED = 40.0;
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_VARIABLEDAMPING(table, 1), 418.87902047863906);
+    EXPECT_DOUBLE_EQ(p.DYNMAGNIFIER, 40.0);
+    // Standstill: the damping ratio is 0; undamped, magnifier 0, nothing infinite.
+    p.SPEED = 0.0;
+    EXPECT_EQ(CALCULATE_PROPELLER_VARIABLEDAMPING(table, 1), 0.0);
+    EXPECT_EQ(p.DYNMAGNIFIER, 0.0);
+    // No magnifier at the knuckle: 0, and DYNMAGNIFIER is left as it was.
+    p.SPEED = 40.0;
+    p.DYNMAGNIFIER = 7.0;
+    p.DYNMAGNIFIERFORKNUCKLEPOINT = 0.0;
+    EXPECT_EQ(CALCULATE_PROPELLER_VARIABLEDAMPING(table, 1), 0.0);
+    EXPECT_EQ(p.DYNMAGNIFIER, 7.0);
+}
+
+TEST(GlobalPropeller, LoadCaseSettingRunsTheChosenModel) {
+    PropellerTable table = one_propeller();
+    PropellerRecord& p = table(1);
+    p.SPEED = 80.0;
+    p.TORQUE = 1e5;
+    p.NBLADE = 4;
+    p.ARCHERNUMBER = 30.0;
+    p.TORQUEPERCENT1 = 0.02;
+    p.TORQUEPERCENT2 = 0.005;
+    p.DAMPINGMETHOD = ARCHER;
+    CALCULATE_PROPELLER_LOADCASESETTING(table, 1);
+    EXPECT_DOUBLE_EQ(p.ABSDAMPING, 37500.0);
+    EXPECT_EQ(p.DAMPING, p.ABSDAMPING);
+    EXPECT_EQ(p.BLADEFREQUENCY, 320.0);  // 80 rpm * 4 blades
+    EXPECT_DOUBLE_EQ(p.TORQUEAMP1, 2000.0);
+    EXPECT_DOUBLE_EQ(p.TORQUEAMP2, 500.0);
+
+    // The dispatch reaches each model; an unknown method gives 0.
+    p.MCRTORQUE = 9549.29631978034;
+    p.MCRSPEED = 100.0;
+    p.FRAHMNUMBER = 2.0;
+    p.DAMPINGMETHOD = FRAHM;
+    CALCULATE_PROPELLER_ABSDAMPING(table, 1);
+    EXPECT_DOUBLE_EQ(p.ABSDAMPING, 1460.0);
+    p.INERTIAAIR = 4000.0;
+    p.DYNMAGNIFIER = 20.0;
+    p.DAMPINGMETHOD = MANUAL;
+    CALCULATE_PROPELLER_ABSDAMPING(table, 1);
+    EXPECT_DOUBLE_EQ(p.ABSDAMPING, 1675.5160819145563);
+    p.DYNMAGNIFIERFORKNUCKLEPOINT = 20.0;
+    p.KNUCKLEPOINT = 80.0;
+    p.DAMPINGMETHOD = VARIABLE;
+    CALCULATE_PROPELLER_ABSDAMPING(table, 1);
+    EXPECT_DOUBLE_EQ(p.ABSDAMPING, 1675.5160819145563);
+    table(1) = schwanecke_propeller()(1);
+    CALCULATE_PROPELLER_ABSDAMPING(table, 1);
+    EXPECT_DOUBLE_EQ(table(1).ABSDAMPING, 126613.07359515129);
+    for (int method : {0, 6, -1}) {
+        table(1).DAMPINGMETHOD = method;
+        CALCULATE_PROPELLER_ABSDAMPING(table, 1);
+        EXPECT_EQ(table(1).ABSDAMPING, 0.0) << "method " << method;
+    }
+}
+
+}  // namespace
