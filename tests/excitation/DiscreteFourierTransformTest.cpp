@@ -1,0 +1,136 @@
+// The direct transform's scaling and sign, and the phase shift of coefficients.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <complex>
+#include <vector>
+
+#include "excitation/DiscreteFourierTransform.h"
+#include "frame/Constants.h"
+
+namespace dft = qm::DFT;
+using C = std::complex<double>;
+
+namespace {
+
+// A sum of N = 720 terms of order 1 accumulates rounding of about sqrt(N) ulps.
+constexpr double SUM_TOLERANCE = 1e-13;
+// The phase shift works with 2 pi rounded to single precision: harmonic k of a shift by
+// the fraction f of a period turns by an extra k f (6.2831854820251465 - 2 pi) = k f 1.7e-7.
+constexpr double TWO_PI_SINGLE_ERROR = 6.2831854820251465 - 2.0 * qm::PI;
+
+std::vector<double> curve(int n, double (*f)(double)) {
+    std::vector<double> x(n);
+    for (int i = 0; i < n; ++i) x[i] = f(2.0 * qm::PI * i / n);
+    return x;
+}
+
+}  // namespace
+
+TEST(DiscreteFourierTransform, ConstantCurveHasOnlyAMean) {
+    for (int n : {360, 720}) {
+        const std::vector<double> x(n, 4.25e5);
+        std::vector<C> f(25, C(9.0, 9.0));
+        dft::DISCRETEFOURIERTRANSFORM(n, 25, f.data(), x.data());
+        EXPECT_NEAR(f[0].real(), 4.25e5, 4.25e5 * SUM_TOLERANCE);
+        EXPECT_EQ(f[0].imag(), 0.0);
+        for (int k = 1; k < 25; ++k) EXPECT_LT(std::abs(f[k]), 4.25e5 * SUM_TOLERANCE) << k;
+    }
+}
+
+TEST(DiscreteFourierTransform, CoefficientsAreHalfAmplitudesWithNegativeExponent) {
+    // A cos(k t) gives F(k+1) = A/2; A sin(k t) gives -i A/2.
+    for (int n : {360, 720}) {
+        for (int k : {1, 2, 7, 24}) {
+            std::vector<double> xc(n), xs(n);
+            for (int i = 0; i < n; ++i) {
+                xc[i] = 3.0 * std::cos(k * 2.0 * qm::PI * i / n);
+                xs[i] = 3.0 * std::sin(k * 2.0 * qm::PI * i / n);
+            }
+            std::vector<C> fc(k + 2), fs(k + 2);
+            dft::DISCRETEFOURIERTRANSFORM(n, k + 2, fc.data(), xc.data());
+            dft::DISCRETEFOURIERTRANSFORM(n, k + 2, fs.data(), xs.data());
+            EXPECT_NEAR(fc[k].real(), 1.5, SUM_TOLERANCE) << n << " " << k;
+            EXPECT_NEAR(fc[k].imag(), 0.0, SUM_TOLERANCE) << n << " " << k;
+            EXPECT_NEAR(fs[k].real(), 0.0, SUM_TOLERANCE) << n << " " << k;
+            EXPECT_NEAR(fs[k].imag(), -1.5, SUM_TOLERANCE) << n << " " << k;
+            for (int j : {0, k - 1, k + 1}) {
+                if (j == k || j < 0) continue;
+                EXPECT_LT(std::abs(fc[j]), SUM_TOLERANCE) << n << " " << k << " " << j;
+                EXPECT_LT(std::abs(fs[j]), SUM_TOLERANCE) << n << " " << k << " " << j;
+            }
+        }
+    }
+}
+
+TEST(DiscreteFourierTransform, PhaseOfALaggingHarmonic) {
+    // 2 + cos(t - 0.3) + 0.5 sin(5 t) = 2 + 2 Re[(e^{-0.3 i}/2) e^{it}] + 2 Re[(-i/4) e^{5it}]
+    const std::vector<double> x =
+        curve(360, [](double t) { return 2.0 + std::cos(t - 0.3) + 0.5 * std::sin(5.0 * t); });
+    std::vector<C> f(8);
+    dft::DISCRETEFOURIERTRANSFORM(360, 8, f.data(), x.data());
+    EXPECT_NEAR(f[0].real(), 2.0, SUM_TOLERANCE);
+    EXPECT_NEAR(f[1].real(), 0.5 * std::cos(0.3), SUM_TOLERANCE);
+    EXPECT_NEAR(f[1].imag(), -0.5 * std::sin(0.3), SUM_TOLERANCE);
+    EXPECT_NEAR(f[5].real(), 0.0, SUM_TOLERANCE);
+    EXPECT_NEAR(f[5].imag(), -0.25, SUM_TOLERANCE);
+    EXPECT_LT(std::abs(f[2]) + std::abs(f[3]) + std::abs(f[4]) + std::abs(f[6]), 4 * SUM_TOLERANCE);
+}
+
+TEST(FourierCoefficientTransform, ZeroShiftLeavesCoefficientsUnchanged) {
+    const std::vector<C> c = {{1.0, 0.0}, {0.3, -0.7}, {-2.0, 0.25}, {1e-3, 5.0}};
+    std::vector<C> out(4);
+    dft::FOURIERCOEFFICIENTTRANSFORM(4, c.data(), out.data(), 0.0, 360.0, 0);
+    for (int m = 0; m < 4; ++m) EXPECT_EQ(out[m], c[m]) << m;
+}
+
+TEST(FourierCoefficientTransform, HalfPeriodFlipsOddHarmonicsInPlace) {
+    std::vector<C> c = {{1.0, 0.0}, {0.3, -0.7}, {-2.0, 0.25}, {1.0, 5.0}, {0.5, 0.5}};
+    const std::vector<C> original = c;
+    dft::FOURIERCOEFFICIENTTRANSFORM(5, c.data(), c.data(), 180.0, 360.0, 0);
+    for (int m = 0; m < 5; ++m) {
+        const double sign = m % 2 == 1 ? -1.0 : 1.0;
+        // Harmonic m turns by pi m plus m/2 times the rounding of the 32-bit 2 pi.
+        const double tol = 2.0 * std::abs(original[m]) * (0.5 * m * TWO_PI_SINGLE_ERROR);
+        EXPECT_NEAR(c[m].real(), sign * original[m].real(), tol + 1e-15) << m;
+        EXPECT_NEAR(c[m].imag(), sign * original[m].imag(), tol + 1e-15) << m;
+    }
+}
+
+TEST(FourierCoefficientTransform, WholePeriodTurnsBySingleTwoPi) {
+    const std::vector<C> c = {{1.0, 0.0}, {0.0, 1.0}, {1.0, 0.0}, {0.0, 0.0}, {2.0, -1.0}};
+    std::vector<C> out(5);
+    dft::FOURIERCOEFFICIENTTRANSFORM(5, c.data(), out.data(), 720.0, 720.0, 0);
+    for (int m = 1; m < 5; ++m) {
+        if (std::abs(c[m]) == 0.0) continue;
+        const C expected = c[m] * std::polar(1.0, -m * 6.2831854820251465);
+        EXPECT_NEAR(out[m].real(), expected.real(), 1e-15) << m;
+        EXPECT_NEAR(out[m].imag(), expected.imag(), 1e-15) << m;
+        EXPECT_NE(out[m], c[m]) << m;  // not back where it started
+    }
+}
+
+TEST(FourierCoefficientTransform, ShiftDelaysTheCurveAndHonoursTheOffset) {
+    // Coefficients of x(i - T) equal the shifted coefficients of x, for a whole T.
+    const int n = 720, nharm = 25, shift = 137;
+    std::vector<double> x(n), delayed(n);
+    for (int i = 0; i < n; ++i) {
+        const double t = 2.0 * qm::PI * i / n;
+        x[i] = std::exp(std::sin(t)) + 0.3 * std::cos(7.0 * t + 1.0) + (i % 11) * 1e-3;
+    }
+    for (int i = 0; i < n; ++i) delayed[i] = x[((i - shift) % n + n) % n];
+    std::vector<C> fx(nharm), fd(nharm), shifted(nharm), from_first(nharm - 1);
+    dft::DISCRETEFOURIERTRANSFORM(n, nharm, fx.data(), x.data());
+    dft::DISCRETEFOURIERTRANSFORM(n, nharm, fd.data(), delayed.data());
+    dft::FOURIERCOEFFICIENTTRANSFORM(nharm, fx.data(), shifted.data(), shift, n, 0);
+    // The same from harmonic 1 on, with the offset naming the first harmonic.
+    dft::FOURIERCOEFFICIENTTRANSFORM(nharm - 1, fx.data() + 1, from_first.data(), shift, n, 1);
+    for (int m = 0; m < nharm; ++m) {
+        const double tol = std::abs(fx[m]) * m * TWO_PI_SINGLE_ERROR + 1e-13;
+        EXPECT_NEAR(shifted[m].real(), fd[m].real(), tol) << m;
+        EXPECT_NEAR(shifted[m].imag(), fd[m].imag(), tol) << m;
+        if (m > 0) {
+            EXPECT_EQ(from_first[m - 1], shifted[m]) << m;
+        }
+    }
+}
