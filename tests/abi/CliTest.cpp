@@ -1,0 +1,42 @@
+// The command-line tool: exit status and what it prints.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sys/wait.h>
+
+#include "../TestSupport.h"
+
+namespace qm {
+namespace {
+
+int cli(const std::string& args, const std::string& output) {
+    const std::string cmd = std::string("'") + QM_CLI_PROGRAM + "' " + args + " > '" + output + "' 2>&1";
+    const int status = std::system(cmd.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST(Cli, RunPrintsValidityLogAndFrequenciesAndExitsByValidity) {
+    test::ScratchDir dir;
+    test::write_file(dir / "good.qmk", "INERTIA 1 1 1500 0 0\nINERTIA 2 1 300 0 0\nSHAFT 1 1 2 1 2.5e8 0 0 0 0 0 0\n");
+    test::write_file(dir / "bad.qmk", "SHAFT 1 1 2\n");
+    const std::string out = (dir / "stdout.txt").string();
+
+    ASSERT_EQ(cli("run '" + (dir / "good.qmk").string() + "' -o '" + (dir / "res").string() + "'", out), 0);
+    const std::string good = test::read_file(out);
+    EXPECT_NE(good.find("Input valid: yes"), std::string::npos);
+    EXPECT_NE(good.find("1000.0000"), std::string::npos);  // rad/s of mode 2
+    EXPECT_NE(good.find("9549.30"), std::string::npos);    // and its rpm
+
+    ASSERT_EQ(cli("run '" + (dir / "bad.qmk").string() + "' -o '" + (dir / "res").string() + "'", out), 1);
+    const std::string bad = test::read_file(out);
+    EXPECT_NE(bad.find("Input valid: no"), std::string::npos);
+    EXPECT_NE(bad.find("Error occurs when reading \"Id, OrgNode"), std::string::npos);
+
+    EXPECT_EQ(cli("run", out), 2);
+    EXPECT_EQ(cli("frobnicate", out), 2);
+    EXPECT_EQ(cli("run --help", out), 0);
+    EXPECT_NE(test::read_file(out).find("--type"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace qm

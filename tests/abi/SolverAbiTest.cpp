@@ -1,0 +1,163 @@
+// The C interface, exercised through the real shared library as a host program loads it.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <regex>
+#include <set>
+
+#include "../TestSupport.h"
+
+namespace qm {
+namespace {
+
+using Solver = void (*)(const int32_t*, const int32_t*, const int32_t*, const int32_t*, const int32_t*,
+                        const int32_t*, int32_t*, const int32_t*);
+
+const std::string TWO_MASSES =
+    "Two inertias on one shaft\n"
+    "INERTIA 1 1,0 1500 0 0\n"
+    "INERTIA 2 1,0 300 0 0\n"
+    "SHAFT 1 1 2 1.0 2.5E8 0 30 300 100 0 0\n";
+
+class SharedLibrary : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        handle_ = dlopen(QM_SHARED_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(handle_, nullptr) << dlerror();
+        solver_ = reinterpret_cast<Solver>(dlsym(handle_, "QUILLMARKSOLVER"));
+        ASSERT_NE(solver_, nullptr);
+    }
+    static void TearDownTestSuite() {
+        if (handle_ != nullptr) dlclose(handle_);
+    }
+
+    static std::vector<int32_t> codes(const std::string& s) { return {s.begin(), s.end()}; }
+
+    // Calls the entry with character-code arrays, as a host does.
+    static int32_t run(const std::string& dir, const std::string& name, const std::string& result, int32_t type) {
+        const auto d = codes(dir), n = codes(name), r = codes(result);
+        const int32_t dl = static_cast<int32_t>(d.size()), nl = static_cast<int32_t>(n.size()),
+                      rl = static_cast<int32_t>(r.size());
+        int32_t valid = -7;
+        solver_(d.data(), &dl, n.data(), &nl, r.data(), &rl, &valid, &type);
+        return valid;
+    }
+
+    static void* handle_;
+    static Solver solver_;
+};
+void* SharedLibrary::handle_ = nullptr;
+Solver SharedLibrary::solver_ = nullptr;
+
+TEST_F(SharedLibrary, ExportsOnlyTheFunctionsOfThePublicHeader) {
+    const std::string header = test::read_file(std::string(QM_PUBLIC_HEADER_DIR) + "/quillmark/quillmark.h");
+    std::set<std::string> declared;
+    const std::regex decl(R"(QUILLMARK_API\s+(?:void|int32_t|double)\s*\*?\s*([A-Z_0-9]+)\s*\()");
+    for (std::sregex_iterator it(header.begin(), header.end(), decl), end; it != end; ++it)
+        declared.insert((*it)[1]);
+    ASSERT_TRUE(declared.count("QUILLMARKSOLVER"));
+
+    std::set<std::string> exported;
+    const std::string cmd = std::string("nm -D --defined-only '") + QM_SHARED_LIBRARY + "'";
+    FILE* pipe = popen(cmd.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    char line[512];
+    while (std::fgets(line, sizeof line, pipe) != nullptr) {
+        std::string s(line);
+        while (!s.empty() && (s.back() == '\n' || s.back() == '\r')) s.pop_back();
+        exported.insert(s.substr(s.rfind(' ') + 1));
+    }
+    ASSERT_EQ(pclose(pipe), 0);
+    EXPECT_EQ(exported, declared);
+}
+
+TEST_F(SharedLibrary, FreeCalculationWritesTheNaturalFrequencies) {
+    test::ScratchDir dir;
+    test::write_file(dir / "model.qmk", TWO_MASSES);
+    ASSERT_EQ(run(dir.str(), "model.qmk", dir.str(), 1), 1);
+    const auto d = test::read_records(dir / "NaturalFrequency.bin");
+    ASSERT_EQ(d.size(), 2U);
+    EXPECT_EQ(d[0], 0.0);
+    EXPECT_NEAR(d[1], 1000.0, 1e-9);
+    EXPECT_EQ(test::read_file(dir / "Quillmark.log"), "");
+}
+
+TEST_F(SharedLibrary, DirectoriesWithAndWithoutFinalSeparatorAndPaddingGiveTheSameRun) {
+    test::ScratchDir dir;
+    test::write_file(dir / "model.qmk", TWO_MASSES);
+    ASSERT_EQ(run(dir.str() + "/", "model.qmk", dir.str() + "/", 1), 1);
+    const std::string first = test::read_file(dir / "NaturalFrequency.bin");
+    std::filesystem::remove(dir / "NaturalFrequency.bin");
+    ASSERT_EQ(run("  " + dir.str() + "  ", "  model.qmk ", "   " + dir.str(), 1), 1);
+    EXPECT_EQ(test::read_file(dir / "NaturalFrequency.bin"), first);
+}
+
+TEST_F(SharedLibrary, CharacterCodesKeepOnlyTheirLowEightBits) {
+    test::ScratchDir dir;
+    test::write_file(dir / "model.qmk", TWO_MASSES);
+    std::vector<int32_t> name = codes("model.qmk");
+    for (int32_t& c : name) c += 0x300;  // high bits must be ignored
+    const auto d = codes(dir.str());
+    const int32_t dl = static_cast<int32_t>(d.size()), nl = static_cast<int32_t>(name.size());
+    int32_t valid = 0;
+    const int32_t type = 1;
+    solver_(d.data(), &dl, name.data(), &nl, d.data(), &dl, &valid, &type);
+    EXPECT_EQ(valid, 1);
+}
+
+TEST_F(SharedLibrary, CalculationTypeSelectsTheStages) {
+    test::ScratchDir dir;
+    test::write_file(dir / "model.qmk", TWO_MASSES);
+    EXPECT_EQ(run(dir.str(), "model.qmk", dir.str(), 0), 1);
+    EXPECT_FALSE(std::filesystem::exists(dir / "NaturalFrequency.bin"));
+    EXPECT_TRUE(std::filesystem::exists(dir / "Quillmark.log"));
+    EXPECT_EQ(run(dir.str(), "model.qmk", dir.str(), 7), 1);  // any other value runs the free vibration too
+    EXPECT_TRUE(std::filesystem::exists(dir / "NaturalFrequency.bin"));
+}
+
+TEST_F(SharedLibrary, TwoRunsInARowGiveIdenticalFiles) {
+    test::ScratchDir dir;
+    test::write_file(dir / "model.qmk", TWO_MASSES + "INERTIA 3 2.0 40 0 0\nSHAFT 2 2 3 2.0 1e6 0 0 0 0 0 0\n");
+    ASSERT_EQ(run(dir.str(), "model.qmk", dir.str(), 1), 1);
+    const std::string first = test::read_file(dir / "NaturalFrequency.bin");
+    ASSERT_EQ(run(dir.str(), "model.qmk", dir.str(), 1), 1);
+    EXPECT_EQ(test::read_file(dir / "NaturalFrequency.bin"), first);
+}
+
+TEST_F(SharedLibrary, AFailedReadIsInvalidAndTheNextGoodRunWorks) {
+    test::ScratchDir dir;
+    test::write_file(dir / "bad.qmk", "INERTIA 1 1.0\n");
+    test::write_file(dir / "good.qmk", TWO_MASSES);
+    EXPECT_EQ(run(dir.str(), "bad.qmk", dir.str(), 1), 0);
+    const auto log = test::read_lines(dir / "Quillmark.log");
+    ASSERT_EQ(log.size(), 1U);
+    EXPECT_EQ(log[0].rfind("Error occurs when reading \"Id, RpmRatio", 0), 0U);
+    EXPECT_FALSE(std::filesystem::exists(dir / "NaturalFrequency.bin"));
+    EXPECT_EQ(run(dir.str(), "good.qmk", dir.str(), 1), 1);
+    EXPECT_EQ(test::read_file(dir / "Quillmark.log"), "");  // every run replaces the log
+}
+
+TEST_F(SharedLibrary, UnusableDirectoriesEndTheCallWithoutHarm) {
+    test::ScratchDir dir;
+    test::write_file(dir / "model.qmk", TWO_MASSES);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(run(dir.str(), "model.qmk", "", 1), 0);
+    EXPECT_EQ(run(dir.str(), "model.qmk", "    ", 1), 0);
+    EXPECT_EQ(run(dir.str(), "model.qmk", (dir / "does-not-exist").string(), 1), 0);
+    EXPECT_EQ(run(dir.str(), "model.qmk", std::string(1001, 'a'), 1), 0);
+    EXPECT_EQ(run(std::string(1001, 'a'), "model.qmk", dir.str(), 1), 0);
+    const std::string err = testing::internal::GetCapturedStderr();
+    EXPECT_NE(err.find("result directory"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(dir / "does-not-exist"));
+    EXPECT_FALSE(std::filesystem::exists(dir / "NaturalFrequency.bin"));
+
+    // A missing input file is a finding in the log of a usable result directory.
+    EXPECT_EQ(run(dir.str(), "missing.qmk", dir.str(), 1), 0);
+    const auto log = test::read_lines(dir / "Quillmark.log");
+    ASSERT_EQ(log.size(), 1U);
+    EXPECT_EQ(log[0], "error occurs when accessing the input file" + dir.str() + "/missing.qmk");
+}
+
+}  // namespace
+}  // namespace qm
