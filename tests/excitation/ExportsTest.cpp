@@ -228,7 +228,7 @@ TEST_F(ExcitationExports, TangentialAndRadialForces) {
         std::vector<double> t, tm, tg, r, rm, rg;
         Forces() : t(360, 1), tm(360, 1), tg(360, 1), r(360, 1), rm(360, 1), rg(360, 1) {}
     };
-    auto run = [&](double speed, const std::vector<double>& curve, double rot = rotating) {
+    auto run = [&](double speed, const std::vector<double>& curve, double rot) {
         Forces o;
         f(&rot, &recip, nullptr, &pref, &lambda, &speed, &stroke, &bore, &n, alpha.data(),
           curve.data(), o.t.data(), o.tm.data(), o.tg.data(), o.r.data(), o.rm.data(),
@@ -238,7 +238,7 @@ TEST_F(ExcitationExports, TangentialAndRadialForces) {
     const double speed = 750.0;
     const double omega = speed * qm::PI / 30.0;
     const double area = qm::PI * bore * bore / 4.0;
-    const Forces o = run(speed, p);
+    const Forces o = run(speed, p, rotating);
     EXPECT_EQ(p, p_before);  // the third argument is never read and the curve not changed
 
     for (int i = 0; i < n; ++i) {
@@ -258,14 +258,14 @@ TEST_F(ExcitationExports, TangentialAndRadialForces) {
     EXPECT_NEAR(o.tg[90], (p[90] - pref) * area, 1e-9 * p[90] * area);
 
     // At rest only the gas acts, tangentially; the rotating mass has no weight at zero speed.
-    const Forces rest = run(0.0, p);
+    const Forces rest = run(0.0, p, rotating);
     for (int i = 0; i < n; ++i) {
         EXPECT_EQ(rest.tm[i], 0.0) << i;
         EXPECT_EQ(rest.t[i], rest.tg[i]) << i;
         EXPECT_EQ(rest.r[i], rest.rg[i]) << i;
     }
     // With the cylinder at the reference pressure only the masses act.
-    const Forces masses = run(speed, std::vector<double>(n, pref));
+    const Forces masses = run(speed, std::vector<double>(n, pref), rotating);
     for (int i = 0; i < n; ++i) {
         EXPECT_EQ(masses.tg[i], 0.0) << i;
         EXPECT_EQ(masses.rg[i], 0.0) << i;
