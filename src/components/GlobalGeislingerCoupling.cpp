@@ -27,8 +27,10 @@ bool is_row(const GeislingerCouplingTable& table, int i) {
     return i >= 1 && i <= GET_GEISLINGERCOUPLING_NUMBER(table);
 }
 
-// Characteristic frequency at the oil's viscosity, rad/s.
+// Characteristic frequency at the oil's viscosity, rad/s. A coupling without
+// characteristic frequency has none at any viscosity, a zero viscosity included.
 double reference_frequency(const GeislingerCouplingRecord& c) {
+    if (c.CHARACTERISTICFREQUENCY == 0.0) return 0.0;
     return c.CHARACTERISTICFREQUENCY * 40.0 / c.OILVISCOSITY;
 }
 

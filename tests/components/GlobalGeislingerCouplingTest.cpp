@@ -96,8 +96,11 @@ TEST(GlobalGeislingerCoupling, DampingFactorByLoadRatioAndMagnifier) {
     EXPECT_DOUBLE_EQ(CALCULATE_GEISLINGERCOUPLING_UNDIMENSIONEDDAMPINGFACTOR(table, 1, 0.5, 1.0), 2.0);
     EXPECT_DOUBLE_EQ(CALCULATE_GEISLINGERCOUPLING_UNDIMENSIONEDDAMPINGFACTOR(table, 1, 2.0, 1.0),
                      0.5773502691896257);  // sqrt(1 / (2^2 - 1))
-    // Zero characteristic frequency or zero nominal torque: no damping, magnifier or not.
+    // Zero characteristic frequency (at any viscosity) or zero nominal torque: no damping,
+    // magnifier or not.
     table(1).CHARACTERISTICFREQUENCY = 0.0;
+    EXPECT_EQ(CALCULATE_GEISLINGERCOUPLING_UNDIMENSIONEDDAMPINGFACTOR(table, 1, 0.5, 1.0), 0.0);
+    table(1).OILVISCOSITY = 0.0;
     EXPECT_EQ(CALCULATE_GEISLINGERCOUPLING_UNDIMENSIONEDDAMPINGFACTOR(table, 1, 0.5, 1.0), 0.0);
     table = one_coupling(GENERALDAMPING);
     table(1).NOMINALTORQUE = 0.0;
