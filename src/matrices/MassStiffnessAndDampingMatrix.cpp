@@ -2,6 +2,9 @@
 
 #include "components/GlobalMass.h"
 #include "components/GlobalShaft.h"
+#include "components/GlobalLinearCoupling.h"
+#include "components/GlobalProgressiveCoupling.h"
+#include "components/GlobalPropeller.h"
 
 namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX {
 
@@ -10,10 +13,6 @@ void MASSANDSHAFTTABLEPREPARATION(bool free, MassTable& MASS_TABLE, ShaftTable& 
                                   const LinearCouplingTable& LINEARCOUPLING_TABLE,
                                   const ProgressiveCouplingTable& PROGRESSIVECOUPLING_TABLE,
                                   PropellerTable& PROPELLER_TABLE, int loadcase) {
-    (void)LINEARCOUPLING_TABLE;
-    (void)PROGRESSIVECOUPLING_TABLE;
-    (void)PROPELLER_TABLE;
-    (void)loadcase;
     for (int i = 1; i <= GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE); ++i)
         MASS_TABLE(i).INERTIAEFFECTIVE = MASS_TABLE(i).INERTIA;
     for (int i = 1; i <= GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE); ++i)
@@ -28,6 +27,44 @@ void MASSANDSHAFTTABLEPREPARATION(bool free, MassTable& MASS_TABLE, ShaftTable& 
             if (ring < 1 || casing < 1) continue;  // reported by the data check
             MASS_TABLE(casing).INERTIAEFFECTIVE =
                 0.5 * MASS_TABLE(ring).INERTIA + MASS_TABLE(casing).INERTIA;
+        }
+    }
+
+    // In forced mode a coupling's working stiffness replaces that of its shaft.
+    if (LINEARCOUPLING_TABLE.allocated() && !free) {
+        for (int c = 1; c <= LINEARCOUPLING_TABLE.size(); ++c) {
+            const int shaft = GLOBAL_SHAFT::GET_SHAFT_ISHAFT(SHAFT_TABLE, LINEARCOUPLING_TABLE(c).SHAFTNODE);
+            if (shaft < 1) continue;
+            SHAFT_TABLE(shaft).STIFFNESSDYNAMIC =
+                GLOBAL_LINEARCOUPLING::GET_LINEARCOUPLING_STIFFNESSDYNAMIC(LINEARCOUPLING_TABLE, c);
+        }
+    }
+    if (PROGRESSIVECOUPLING_TABLE.allocated() && !free) {
+        for (int c = 1; c <= PROGRESSIVECOUPLING_TABLE.size(); ++c) {
+            const int shaft =
+                GLOBAL_SHAFT::GET_SHAFT_ISHAFT(SHAFT_TABLE, PROGRESSIVECOUPLING_TABLE(c).SHAFTNODE);
+            if (shaft < 1) continue;
+            SHAFT_TABLE(shaft).STIFFNESSDYNAMIC = GLOBAL_PROGRESSIVECOUPLING::GET_PROGRESSIVECOUPLING_STIFFNESSDYNAMIC(
+                PROGRESSIVECOUPLING_TABLE, c,
+                GLOBAL_PROGRESSIVECOUPLING::GET_PROGRESSIVECOUPLING_TORQUE(PROGRESSIVECOUPLING_TABLE, c));
+        }
+    }
+
+    // A propeller's inertia includes its entrained water; in forced mode its damping model
+    // gives the damping of its mass.
+    if (PROPELLER_TABLE.allocated()) {
+        for (int i = 1; i <= PROPELLER_TABLE.size(); ++i) {
+            GLOBAL_PROPELLER::CALCULATE_PROPELLER_INERTIATOTAL(free, PROPELLER_TABLE, i, loadcase);
+            const int mass = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, PROPELLER_TABLE(i).PROPELLERNODE);
+            if (mass < 1) continue;  // reported by the data check
+            MASS_TABLE(mass).INERTIAEFFECTIVE = PROPELLER_TABLE(i).INERTIATOTAL;
+            if (!free) {
+                GLOBAL_PROPELLER::CALCULATE_PROPELLER_ABSDAMPING(PROPELLER_TABLE, i);
+                if (PROPELLER_TABLE(i).ABSDAMPING > 0.0 || PROPELLER_TABLE(i).DYNMAGNIFIER > 0.0) {
+                    MASS_TABLE(mass).ABSDAMPING = PROPELLER_TABLE(i).ABSDAMPING;
+                    MASS_TABLE(mass).DYNMAGNIFIER = PROPELLER_TABLE(i).DYNMAGNIFIER;
+                }
+            }
         }
     }
 }

@@ -202,3 +202,26 @@ TEST(FreeVibration, AZeroInertiaMakesTheSolveFailSilentlyWithZeroFrequencies) {
 
 }  // namespace
 }  // namespace qm
+
+namespace qm {
+namespace {
+
+TEST(FreeVibration, APropellerMassWeighsItsInertiaInAirAndItsEntrainedWater) {
+    ModelTables t;
+    t.MASS_TABLE.allocate(2);
+    t.SHAFT_TABLE.allocate(1);
+    add_mass(t, 1, 1, 1500.0);
+    add_mass(t, 2, 2, 1.0);  // the propeller's own record decides its inertia
+    add_shaft(t, 1, 1, 2, 2.5e8);
+    t.PROPELLER_TABLE.allocate(1);
+    t.PROPELLER_TABLE(1).PROPELLERNODE = 2;
+    t.PROPELLER_TABLE(1).INERTIAAIR = 240.0;
+    t.PROPELLER_TABLE(1).INERTIAWATER = 60.0;
+    SystemMatrices mx = solve_free(t);
+    EXPECT_EQ(mx.M(2), 300.0);
+    EXPECT_NEAR(mx.D(2), 1000.0, 1000.0 * FREQUENCY_TOLERANCE);  // as the two masses of 1500 and 300
+    EXPECT_EQ(t.MASS_TABLE(2).ABSDAMPING, 0.0);  // damping is copied in forced mode only
+}
+
+}  // namespace
+}  // namespace qm
