@@ -112,11 +112,7 @@ bool size_tables(const std::string& filename, ModelTables& tables, int& nLoadCas
 }
 
 // The filling pass. False after an error, which is logged.
-bool fill_tables(const std::string& filename, ModelTables& tables, int nLoadCase) {
-    std::ifstream in(filename, std::ios::binary);
-    GLOBAL_PARAMETER::GETFILEID();
-    InputReader reader(in, tables);
-    reader.nLoadCase = nLoadCase;
+bool fill_tables(InputReader& reader) {
 
     const std::array<SectionReader, NKINDS> sections = section_readers();
     // Sections are tested in this order; PROPELLERICE belongs to the propeller before it.
@@ -196,9 +192,14 @@ void READINPUTFILE(const std::string& FILENAME, ModelTables& tables, bool& ISSUC
 
     int nLoadCase = 0;
     if (!size_tables(filename, tables, nLoadCase)) return;
-    if (!fill_tables(filename, tables, nLoadCase)) return;
+    std::ifstream in(filename, std::ios::binary);
+    GLOBAL_PARAMETER::GETFILEID();
+    InputReader reader(in, tables);
+    reader.nLoadCase = nLoadCase;
+    if (!fill_tables(reader)) return;
+    in.close();
     ISSUCCESS = true;
-    complete_after_reading(tables, ISSUCCESS);
+    complete_after_reading(reader, ISSUCCESS);
 }
 
 }  // namespace IMPORTINPUTFILE

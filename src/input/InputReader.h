@@ -26,6 +26,7 @@ struct InputReader {
     std::string line;    // the current line after tab removal
     std::string values;  // the keyword line without its first word
     int nLoadCase = 0;   // load case rows counted by the sizing pass
+    int isGenset = 0;    // isGenset of the DIESEL section read last
 
     InputReader(std::istream& input, ModelTables& t) : in(input), tables(t) {}
 

@@ -66,6 +66,6 @@ SectionReader propeller_ice_reader() { return nullptr; }
 
 SectionReader load_case_reader() { return nullptr; }
 
-void complete_after_reading(ModelTables&, bool&) {}
+void complete_after_reading(InputReader&, bool&) {}
 
 }  // namespace qm::IMPORTINPUTFILE

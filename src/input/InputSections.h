@@ -32,9 +32,9 @@ std::array<SectionReader, NKINDS> section_readers();
 SectionReader propeller_ice_reader();
 // LOADCASE: the rest of the file is the load case table.
 SectionReader load_case_reader();
-// What follows a successful filling pass: speed ratios of the components and the genset
+// What follows a successful filling pass: speed ratios of the components, then the genset
 // file. May set ISSUCCESS false with a logged message.
-void complete_after_reading(ModelTables& tables, bool& ISSUCCESS);
+void complete_after_reading(InputReader& reader, bool& ISSUCCESS);
 
 bool SECTION_INERTIA(InputReader& reader, int row);
 bool SECTION_SHAFT(InputReader& reader, int row);
