@@ -113,7 +113,6 @@ bool size_tables(const std::string& filename, ModelTables& tables, int& nLoadCas
 
 // The filling pass. False after an error, which is logged.
 bool fill_tables(InputReader& reader) {
-
     const std::array<SectionReader, NKINDS> sections = section_readers();
     // Sections are tested in this order; PROPELLERICE belongs to the propeller before it.
     constexpr std::array<Kind, NKINDS> order = {
@@ -121,7 +120,6 @@ bool fill_tables(InputReader& reader) {
         PROGRESSIVECOUPLING, GEISLINGERCOUPLING, ELECTRICMOTOR, GENERATOR, CENTRIFUGALPUMP,
         GASTURBINE, STEAMTURBINE, DIESEL, RECIPROCATINGPUMP, PROPELLER};
     std::array<int, NKINDS> row{};
-    int propeller_ice_row = 0;
 
     bool ok = reader.next_line();
     reader.values = reader.line;
@@ -138,7 +136,6 @@ bool fill_tables(InputReader& reader) {
             break;
         }
         if (!matched && word == "PROPELLERICE") {
-            ++propeller_ice_row;
             STRINGOPERATION::STRINGWITHOUTFIRSTWORD(reader.values);
             const SectionReader read = propeller_ice_reader();
             if (read != nullptr && !read(reader, row[PROPELLER])) return false;
