@@ -54,7 +54,7 @@ void SET_DIESEL_VEEFIRINGTYPE(DieselTable& table, int i, int value) {
 }
 
 void SET_DIESEL_NAME(DieselTable& table, int i, const std::string& value) {
-    table(i).NAME = fixed_text(value, NAME_LENGTH);
+    table(i).NAME = fixed_text(value, NAMELENGTH);
 }
 
 void SET_DIESEL_NORMALHARMONICFILE(DieselTable& table, int i, const std::string& value) {

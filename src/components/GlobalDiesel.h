@@ -27,7 +27,7 @@ constexpr int MAXCYLINDER = 20;               // cylinders per bank
 constexpr int MAXHARMONICORDER = 24;          // orders of the Fourier coefficients and harmonic files
 constexpr int MAXMEANINDICATEDPRESSURE = 100; // pressures of a harmonic file
 constexpr int MAXHARMONICTABLE = 2400;        // entries of a harmonic table
-constexpr int NAME_LENGTH = 20;               // characters of an engine name
+constexpr int NAMELENGTH = 20;                // characters of an engine name
 
 // Firing status of a cylinder.
 constexpr int NORMALFIRING = 1;
@@ -58,7 +58,7 @@ struct DieselRecord {
     using CylinderInts = std::array<int, GLOBAL_DIESEL::MAXCYLINDER>;
 
     int ID = 0;                        // identification number
-    std::string NAME;                  // engine name, at most 20 characters
+    std::string NAME{};                  // engine name, at most 20 characters
     int NSTROKE = 0;                   // 2 for a two-stroke engine, else four-stroke
     double RPMRATIO = 1.0;             // engine speed / reference speed
     double MCRPOWER = 0.0;             // W, maximum continuous rating
@@ -102,8 +102,8 @@ struct DieselRecord {
     double ME = 1.0;                   // mechanical efficiency
     bool ISTHEORETICALPRESURE = true;  // gas forces from the theoretical pressure curve, else harmonic files
     bool HASPARTIALFIRING = false;     // some cylinder has status 5
-    std::string NORMALHARMONICFILE;    // harmonic file of normal firing, at most 1000 characters
-    std::string MISHARMONICFILE;       // harmonic file of misfiring
+    std::string NORMALHARMONICFILE{};    // harmonic file of normal firing, at most 1000 characters
+    std::string MISHARMONICFILE{};       // harmonic file of misfiring
     double PMAX = 0.0;                 // Pa, maximum pressure at MCR
     double PCOMP = 0.0;                // Pa, compression pressure at MCR
     double COMPEXP = 1.3899999856948853;  // polytropic exponent of compression (1.39 single)
@@ -126,16 +126,16 @@ struct DieselRecord {
     int NMEANINDICATEDPRESSURE = 0;              // pressures M in the normal-firing file
     int NMEANINDICATEDPRESSUREMIS = 0;           // pressures M in the misfiring file
     std::array<double, GLOBAL_DIESEL::MAXHARMONICORDER> HARMONICORDER{};
-    std::vector<double> MEANINDICATEDPRESSURE;     // Pa, at most 100
-    std::vector<double> MEANINDICATEDPRESSUREMIS;  // Pa, at most 100
-    std::vector<double> NORMALCOSINE;              // Pa, at most 2400 entries each
-    std::vector<double> NORMALSINE;
-    std::vector<double> NORMALRESULTANT;
-    std::vector<double> NORMALPHASEANGLE;          // rad
-    std::vector<double> MISFIRINGCOSINE;           // Pa
-    std::vector<double> MISFIRINGSINE;
-    std::vector<double> MISFIRINGRESULTANT;
-    std::vector<double> MISFIRINGPHASEANGLE;       // rad
+    std::vector<double> MEANINDICATEDPRESSURE{};     // Pa, at most 100
+    std::vector<double> MEANINDICATEDPRESSUREMIS{};  // Pa, at most 100
+    std::vector<double> NORMALCOSINE{};              // Pa, at most 2400 entries each
+    std::vector<double> NORMALSINE{};
+    std::vector<double> NORMALRESULTANT{};
+    std::vector<double> NORMALPHASEANGLE{};          // rad
+    std::vector<double> MISFIRINGCOSINE{};           // Pa
+    std::vector<double> MISFIRINGSINE{};
+    std::vector<double> MISFIRINGRESULTANT{};
+    std::vector<double> MISFIRINGPHASEANGLE{};       // rad
 
     bool ISFORMULADAMPING = true;      // cylinder and crank-throw damping by formula
     double CYLABSDAMPING = 0.0;        // coefficient of cylinder damping

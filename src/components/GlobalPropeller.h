@@ -80,7 +80,7 @@ struct PropellerRecord {
     bool CONSIDERPHASEANGLE = false;      // phase angles are taken into account
     bool HASICEEXCITATION = false;        // ice excitation is on
     bool ISTMAXCORRECTEDWITHACTUALSPEED = false;  // ice torque corrected with the actual speed
-    std::string EXCITATIONFILE;           // ice excitation file, at most 1000 characters
+    std::string EXCITATIONFILE{};           // ice excitation file, at most 1000 characters
     std::array<double, GLOBAL_PROPELLER::MAXSPEEDRATIO> SPEEDRATIO{};     // speed ratio axis
     int NSPEEDRATIO = 0;                  // 2, or 10 with ISTMAXCORRECTEDWITHACTUALSPEED
     std::array<double, GLOBAL_PROPELLER::MAXICEORDER> ICEHARMONICORDER{};  // order of each row
@@ -89,8 +89,8 @@ struct PropellerRecord {
     std::array<std::complex<double>, GLOBAL_PROPELLER::MAXICETABLE> ICEFOURIERCOEFFICIENT{};
     double ICEFOURIERMEAN = 0.0;          // constant term of the ice excitation at the current speed
     bool ISVARIABLEENTRAINEDWATER = false;  // entrained water differs by load case
-    std::string VARIABLEENTRAINEDWATERFILE;  // at most 1000 characters
-    std::vector<double> VARIABLEENTRAINEDWATERTABLE;  // kg m^2 per load case, at most 10000
+    std::string VARIABLEENTRAINEDWATERFILE{};  // at most 1000 characters
+    std::vector<double> VARIABLEENTRAINEDWATERTABLE{};  // kg m^2 per load case, at most 10000
     int NLOADCASE = 0;                    // number of load cases
 };
 using PropellerTable = Table<PropellerRecord>;
