@@ -134,3 +134,36 @@ TEST(FourierCoefficientTransform, ShiftDelaysTheCurveAndHonoursTheOffset) {
         }
     }
 }
+
+TEST(DiscreteFourierTransform, TabulatedFactorsGiveTheDigitsOfTheDirectSum) {
+    // The transform keeps its sines and cosines between calls; every coefficient must
+    // still carry the digits of the sum evaluated term by term, whatever the order of
+    // curve lengths and harmonic counts asked for before.
+    auto direct = [](int n, int nharm, const std::vector<double>& x) {
+        std::vector<C> f(nharm);
+        double mean = 0.0;
+        for (int i = 0; i < n; ++i) mean += x[i];
+        f[0] = {mean / n, 0.0};
+        for (int k = 1; k < nharm; ++k) {
+            const double w = (qm::PI + qm::PI) * k / n;
+            double re = 0.0, im = 0.0;
+            for (int i = 0; i < n; ++i) {
+                re += x[i] * std::cos(-w * i);
+                im += x[i] * std::sin(-w * i);
+            }
+            f[k] = {re / n, im / n};
+        }
+        return f;
+    };
+    // Harmonic counts far beyond the table's size are summed directly.
+    const std::vector<std::pair<int, int>> requests = {
+        {720, 5}, {720, 25}, {360, 21}, {720, 13}, {720, 40}, {360, 3}, {720, 1500}};
+    for (const auto& [n, nharm] : requests) {
+        std::vector<double> x(n);
+        for (int i = 0; i < n; ++i) x[i] = std::exp(std::cos(0.37 * i)) * (1.0 + 1e-3 * i);
+        std::vector<C> f(nharm);
+        dft::DISCRETEFOURIERTRANSFORM(n, nharm, f.data(), x.data());
+        const std::vector<C> expected = direct(n, nharm, x);
+        for (int k = 0; k < nharm; ++k) ASSERT_EQ(f[k], expected[k]) << n << " " << nharm << " " << k;
+    }
+}
