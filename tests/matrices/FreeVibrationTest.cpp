@@ -84,7 +84,9 @@ TEST(FreeVibration, ModeShapesSatisfyTheEigenproblemAndAreMassNormalised) {
     const int n = mx.N;
     for (int m = 2; m <= n; ++m) {
         // Ascending; mode 1 is the rigid-body mode, whose root may be of a tiny negative value.
-        if (m > 2) EXPECT_GT(mx.D(m), mx.D(m - 1));
+        if (m > 2) {
+            EXPECT_GT(mx.D(m), mx.D(m - 1));
+        }
         const double w2 = mx.D(m) * mx.D(m);
         double residual = 0.0, scale = 0.0;
         for (int p = 1; p <= n; ++p) {

@@ -1,6 +1,7 @@
 // quillmark: the command-line tool of the torsional vibration library.
 #include <CLI/CLI.hpp>
 
+#include "PressureCommand.h"
 #include "RunCommand.h"
 
 int main(int argc, char** argv) {
@@ -8,6 +9,7 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     int exit_code = 0;
     qm::cli::add_run_command(app, exit_code);
+    qm::cli::add_pressure_command(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
