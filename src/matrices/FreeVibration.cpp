@@ -4,6 +4,7 @@
 #include "frame/GlobalParameter.h"
 #include "matrices/FreeUndampedVibrations.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"
+#include "matrices/RelativeResults.h"
 
 namespace qm::FREEVIBRATION {
 
@@ -26,6 +27,17 @@ void FREEVIBRATIONCALCULATION(MassTable& MASS_TABLE, ShaftTable& SHAFT_TABLE,
     const std::string path =
         GLOBAL_PARAMETER::FILEFULLADDRESS(GLOBAL_PARAMETER::RESULTFILEDIR(), NATURALFREQUENCYFILE);
     write_bin_file(path, mx.D.data(), static_cast<std::size_t>(mx.N));
+
+    Table<double> RELATIVEDEFLECTION;
+    Table<double> RELATIVETORQUE;
+    RELATIVEINERTIADEFLECTION(MASS_TABLE, SHAFT_TABLE, DIESEL_TABLE, PROPELLER_TABLE, mx.N, mx.V, RELATIVEDEFLECTION);
+    RELATIVEINERTIATORQUE(MASS_TABLE, SHAFT_TABLE, mx.N, RELATIVEDEFLECTION, RELATIVETORQUE);
+    if (DIESEL_TABLE.allocated()) {
+        Table<double> VECTORSUMRPM;
+        Table<double> VECTORSUMANGLE;
+        Table<double> VECTORSUM;
+        VECTORSUMS(MASS_TABLE, DIESEL_TABLE, mx.N, mx.D, RELATIVEDEFLECTION, VECTORSUMRPM, VECTORSUMANGLE, VECTORSUM);
+    }
 }
 
 }  // namespace qm::FREEVIBRATION

@@ -1,0 +1,194 @@
+#include "matrices/RelativeResults.h"
+
+#include <cmath>
+#include <vector>
+
+#include "components/GlobalMass.h"
+#include "components/GlobalShaft.h"
+#include "frame/BinFile.h"
+#include "frame/Constants.h"
+#include "frame/GlobalParameter.h"
+
+namespace qm::FREEVIBRATION {
+
+namespace {
+
+std::string result_path(const char* name) {
+    return GLOBAL_PARAMETER::FILEFULLADDRESS(GLOBAL_PARAMETER::RESULTFILEDIR(), name);
+}
+
+void write_table(const char* name, const Table<double>& values) {
+    write_bin_file(result_path(name), values.data(), static_cast<std::size_t>(values.size()));
+}
+
+// The value of largest magnitude among the free degrees of freedom of rows with the given
+// MASSTYPE, the first on a tie; 0.0 when none moves.
+double reference_of_masstype(const MassTable& masses, const Array2D<double>& v_rpm, int mode, int masstype) {
+    double reference = 0.0;
+    double largest = 0.0;
+    int p = 0;
+    for (int r = 1; r <= masses.size(); ++r) {
+        if (masses(r).MASSTYPE == 3) continue;
+        ++p;
+        if (masses(r).MASSTYPE != masstype) continue;
+        const double value = v_rpm(p, mode);
+        if (std::fabs(value) > largest) {
+            largest = std::fabs(value);
+            reference = value;
+        }
+    }
+    return reference;
+}
+
+}  // namespace
+
+void RELATIVEINERTIADEFLECTION(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
+                               const DieselTable& DIESEL_TABLE, const PropellerTable& PROPELLER_TABLE, int N,
+                               const Array2D<double>& V, Table<double>& RELATIVEDEFLECTION) {
+    (void)SHAFT_TABLE;
+    const int nmass = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
+    const int nmode = N > 1 ? N - 1 : 0;
+
+    // Mode shapes referred to the speed of each inertia.
+    Array2D<double> v_rpm = V;
+    int p = 0;
+    for (int r = 1; r <= nmass; ++r) {
+        if (MASS_TABLE(r).MASSTYPE == 3) continue;
+        ++p;
+        if (p > N) break;
+        for (int m = 1; m <= N; ++m) v_rpm(p, m) *= MASS_TABLE(r).RPMRATIO;
+    }
+
+    RELATIVEDEFLECTION.allocate(nmode * nmass);
+    for (int m = 2; m <= N; ++m) {
+        double reference = 0.0;
+        if (DIESEL_TABLE.allocated())
+            reference = reference_of_masstype(MASS_TABLE, v_rpm, m, 2);
+        else if (PROPELLER_TABLE.allocated())
+            reference = reference_of_masstype(MASS_TABLE, v_rpm, m, 16);
+        else
+            reference = v_rpm(1, m);
+        // No guard against a zero reference: a mode in which no reference mass moves gives
+        // values that are not numbers, and they go to the file as they are.
+        for (int r = 1; r <= nmass; ++r) {
+            if (MASS_TABLE(r).MASSTYPE == 3) continue;
+            const int dof = GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGMASS(MASS_TABLE, r);
+            RELATIVEDEFLECTION((m - 2) * nmass + r) = v_rpm(dof, m) / reference;
+        }
+    }
+    write_table(RELATIVEDEFLECTIONFILE, RELATIVEDEFLECTION);
+}
+
+void RELATIVEINERTIATORQUE(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, int N,
+                           const Table<double>& RELATIVEDEFLECTION, Table<double>& RELATIVETORQUE) {
+    const int nmass = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
+    const int nshaft = GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE);
+    const int nmode = N > 1 ? N - 1 : 0;
+    RELATIVETORQUE.allocate(nmode * nshaft);
+    for (int m = 2; m <= N; ++m) {
+        for (int s = 1; s <= nshaft; ++s) {
+            const ShaftRecord& shaft = SHAFT_TABLE(s);
+            if (shaft.SHAFTTYPE == 12) continue;
+            const int i = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, shaft.ORGNODE);
+            const int j = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, shaft.DESNODE);
+            if (i < 1 || j < 1) continue;  // reported by the data check
+            RELATIVETORQUE((m - 2) * nshaft + s) =
+                shaft.STIFFNESS * (RELATIVEDEFLECTION((m - 2) * nmass + i) - RELATIVEDEFLECTION((m - 2) * nmass + j));
+        }
+    }
+    write_table(RELATIVETORQUEFILE, RELATIVETORQUE);
+}
+
+int vector_sum_order_count(const DieselTable& DIESEL_TABLE) {
+    int norder = 20;
+    for (int e = 1; e <= DIESEL_TABLE.size(); ++e)
+        if (DIESEL_TABLE(e).NSTROKE == 4) norder = 24;
+    return norder;
+}
+
+void VECTORSUMS(const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, int N, const Table<double>& D,
+                const Table<double>& RELATIVEDEFLECTION, Table<double>& VECTORSUMRPM, Table<double>& VECTORSUMANGLE,
+                Table<double>& VECTORSUM) {
+    constexpr double TWO_PI = 6.283185307179586;
+    const int nmass = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
+    const int ndiesel = DIESEL_TABLE.allocated() ? DIESEL_TABLE.size() : 0;
+    const int nmode = N > 1 ? N - 1 : 0;
+    const int norder = vector_sum_order_count(DIESEL_TABLE);
+    const int size = ndiesel * nmode * norder;
+    VECTORSUM.allocate(size);
+    VECTORSUMANGLE.allocate(size);
+    VECTORSUMRPM.allocate(size);
+
+    std::vector<double> orders(static_cast<std::size_t>(norder));
+    for (int e = 1; e <= ndiesel; ++e) {
+        const DieselRecord& engine = DIESEL_TABLE(e);
+        const int ncyl = engine.NCYLINDER < 0 ? 0 : (engine.NCYLINDER > 20 ? 20 : engine.NCYLINDER);
+        // A four-stroke engine has the half orders 0.5, 1.0, ...
+        for (int o = 1; o <= norder; ++o)
+            orders[static_cast<std::size_t>(o - 1)] = engine.NSTROKE == 2 ? o : o * 0.5;
+        std::vector<int> cylindex(static_cast<std::size_t>(ncyl));
+        for (int j = 1; j <= ncyl; ++j)
+            cylindex[static_cast<std::size_t>(j - 1)] =
+                GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, engine.CYLINDERS[static_cast<std::size_t>(j - 1)]);
+        std::vector<double> a(static_cast<std::size_t>(ncyl));
+
+        for (int m = 2; m <= N; ++m) {
+            for (int j = 1; j <= ncyl; ++j) {
+                const int row = cylindex[static_cast<std::size_t>(j - 1)];
+                a[static_cast<std::size_t>(j - 1)] = row >= 1 ? RELATIVEDEFLECTION((m - 2) * nmass + row) : 0.0;
+            }
+            const int block = ((e - 1) * nmode + (m - 2)) * norder;
+            for (int o = 1; o <= norder; ++o) {
+                const double q = orders[static_cast<std::size_t>(o - 1)];
+                double sc = 0.0, ss = 0.0;
+                for (int j = 1; j <= ncyl; ++j) {
+                    const double aj = a[static_cast<std::size_t>(j - 1)];
+                    const double fa = engine.FIRINGANGLEA[static_cast<std::size_t>(j - 1)];
+                    sc = sc + aj * std::cos(q * fa);
+                    ss = ss + aj * std::sin(q * fa);
+                    if (engine.ISVENGINE) {
+                        const double fb = engine.FIRINGANGLEB[static_cast<std::size_t>(j - 1)];
+                        sc = sc + aj * std::cos(q * fb);
+                        ss = ss + aj * std::sin(q * fb);
+                    }
+                }
+                const double magnitude = std::sqrt(sc * sc + ss * ss);
+                VECTORSUM(block + o) = magnitude;
+                // A zero sum has no direction: its angle is 0.0.
+                double angle = 0.0;
+                if (magnitude != 0.0) {
+                    angle = std::acos(sc / magnitude);
+                    if (ss < 0.0) angle = -angle;
+                    if (angle < 0.0) angle += TWO_PI;
+                }
+                VECTORSUMANGLE(block + o) = angle;
+                VECTORSUMRPM(block + o) = ((D(m) * 30.0) / PI) / q;
+            }
+            // Relative to the strongest order of this engine and mode, the first on a tie.
+            int strongest = 1;
+            for (int o = 2; o <= norder; ++o)
+                if (VECTORSUM(block + o) > VECTORSUM(block + strongest)) strongest = o;
+            const double v = VECTORSUM(block + strongest);
+            const double t = VECTORSUMANGLE(block + strongest);
+            for (int o = 1; o <= norder; ++o) {
+                // All cylinders at rest in this mode: every sum stays 0.0.
+                if (v != 0.0) VECTORSUM(block + o) = VECTORSUM(block + o) / v;
+                double angle = VECTORSUMANGLE(block + o) - t;
+                if (angle < 0.0) angle += TWO_PI;
+                VECTORSUMANGLE(block + o) = angle;
+            }
+        }
+    }
+
+    GLOBAL_PARAMETER::GETFILEID();
+    GLOBAL_PARAMETER::GETFILEID();
+    GLOBAL_PARAMETER::GETFILEID();
+    write_table(VECTORSUMFILE, VECTORSUM);
+    write_table(VECTORSUMRPMFILE, VECTORSUMRPM);
+    write_table(VECTORSUMANGLEFILE, VECTORSUMANGLE);
+    VECTORSUM.deallocate();
+    VECTORSUMRPM.deallocate();
+    VECTORSUMANGLE.deallocate();
+}
+
+}  // namespace qm::FREEVIBRATION
