@@ -6,6 +6,7 @@
 #include "frame/Model.h"
 #include "input/ImportInputFile.h"
 #include "input/StringOperation.h"
+#include "input/SystemInfo.h"
 #include "matrices/FreeVibration.h"
 
 namespace qm {
@@ -42,6 +43,8 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
     IMPORTINPUTFILE::READINPUTFILE(FILENAME, tables, ISSUCCESS);
     if (ISSUCCESS) {
         ISINPUTVALID = 1;
+        IMPORTINPUTFILE::OUTPUTSYSTEMINFO(tables);
+        IMPORTINPUTFILE::OUTPUTDIESELFIRINGSTATUS(tables.DIESEL_TABLE);
         if (runs_free_vibration(CALCULATIONTYPE))
             FREEVIBRATION::FREEVIBRATIONCALCULATION(
                 tables.MASS_TABLE, tables.SHAFT_TABLE, tables.VISCOUSDAMPER_TABLE, tables.LINEARCOUPLING_TABLE,
