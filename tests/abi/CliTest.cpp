@@ -32,6 +32,13 @@ TEST(Cli, RunPrintsValidityLogAndFrequenciesAndExitsByValidity) {
     EXPECT_NE(bad.find("Input valid: no"), std::string::npos);
     EXPECT_NE(bad.find("Error occurs when reading \"Id, OrgNode"), std::string::npos);
 
+    EXPECT_NE(good.find("inertias:  ID 2   -5.000  ID 1    1.000"), std::string::npos);  // the first inertia is the reference; the light one swings five times as far
+
+    ASSERT_EQ(cli("check '" + (dir / "bad.qmk").string() + "' -o '" + (dir / "chk").string() + "'", out), 1);
+    EXPECT_NE(test::read_file(out).find("Error occurs when reading"), std::string::npos);
+    ASSERT_EQ(cli("check '" + (dir / "good.qmk").string() + "' -o '" + (dir / "chk").string() + "'", out), 0);
+    EXPECT_FALSE(std::filesystem::exists(dir / "chk" / "NaturalFrequency.bin"));
+
     EXPECT_EQ(cli("run", out), 2);
     EXPECT_EQ(cli("frobnicate", out), 2);
     EXPECT_EQ(cli("run --help", out), 0);

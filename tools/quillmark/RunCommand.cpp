@@ -1,5 +1,7 @@
 #include "RunCommand.h"
 
+#include "FreeVibrationReport.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -16,14 +18,6 @@ namespace {
 
 std::vector<int32_t> codes(const std::string& text) { return {text.begin(), text.end()}; }
 
-std::vector<double> read_records(const std::filesystem::path& file) {
-    std::vector<double> values;
-    std::ifstream in(file, std::ios::binary);
-    double v = 0.0;
-    while (in.read(reinterpret_cast<char*>(&v), sizeof v)) values.push_back(v);
-    return values;
-}
-
 void print_log(const std::filesystem::path& log) {
     std::ifstream in(log);
     std::string line;
@@ -34,18 +28,6 @@ void print_log(const std::filesystem::path& log) {
         any = true;
     }
     if (!any) std::cout << "\nLog: no findings.\n";
-}
-
-void print_natural_frequencies(const std::filesystem::path& file) {
-    const std::vector<double> omega = read_records(file);
-    if (omega.empty()) return;
-    std::cout << "\nNatural frequencies (" << file.filename().string() << "):\n";
-    std::cout << fmt::A("Mode", 6) << fmt::A("rad/s", 16) << fmt::A("Hz", 16) << fmt::A("rpm", 16) << "\n";
-    for (std::size_t m = 0; m < omega.size(); ++m) {
-        const double w = omega[m];
-        std::cout << fmt::I(static_cast<long long>(m + 1), 6) << fmt::F(w, 16, 4) << fmt::F(w / (2.0 * PI), 16, 4)
-                  << fmt::F(w * RPM_PER_RAD_PER_S, 16, 2) << "\n";
-    }
 }
 
 }  // namespace
@@ -83,7 +65,24 @@ void add_run_command(CLI::App& app, int& exit_code) {
         std::cout << "Result directory: " << std::filesystem::absolute(*out).string() << "\n";
         std::cout << "Input valid: " << (valid == 1 ? "yes" : "no") << " (ISINPUTVALID " << valid << ")\n";
         print_log(std::filesystem::path(*out) / "Quillmark.log");
-        if (valid == 1) print_natural_frequencies(std::filesystem::path(*out) / "NaturalFrequency.bin");
+        if (valid == 1) print_free_vibration(std::cout, *model, *out);
+        exit_code = valid == 1 ? 0 : 1;
+    });
+}
+
+void add_check_command(CLI::App& app, int& exit_code) {
+    auto* check = app.add_subcommand("check", "Read and check a model and list every finding; calculate nothing");
+    auto model = std::make_shared<std::string>();
+    auto out = std::make_shared<std::string>("out");
+    check->add_option("MODEL", *model, "Input file of the model")->required()->check(CLI::ExistingFile);
+    check->add_option("-o,--output", *out, "Directory of the log; created when missing (default: out)");
+    check->callback([model, out, &exit_code] {
+        std::error_code ec;
+        std::filesystem::create_directories(*out, ec);
+        const int valid = call_solver(*model, *out, 0);
+        std::cout << "Model: " << *model << "\n";
+        std::cout << "Input valid: " << (valid == 1 ? "yes" : "no") << " (ISINPUTVALID " << valid << ")\n";
+        print_log(std::filesystem::path(*out) / "Quillmark.log");
         exit_code = valid == 1 ? 0 : 1;
     });
 }

@@ -6,6 +6,8 @@
 namespace qm::cli {
 
 void add_run_command(CLI::App& app, int& exit_code);
+// `quillmark check`: a read-and-check run (calculation type 0) that lists every finding.
+void add_check_command(CLI::App& app, int& exit_code);
 
 // Calls the exported entry with the model's directory and name as character-code arrays.
 // Returns ISINPUTVALID.

@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     int exit_code = 0;
     qm::cli::add_run_command(app, exit_code);
+    qm::cli::add_check_command(app, exit_code);
     qm::cli::add_pressure_command(app);
     try {
         app.parse(argc, argv);

@@ -1,0 +1,118 @@
+#include "FreeVibrationReport.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "frame/Constants.h"
+#include "frame/Format.h"
+#include "input/InputReader.h"
+#include "input/StringOperation.h"
+#include "input/ValueReader.h"
+
+namespace qm::cli {
+
+namespace {
+
+constexpr std::size_t LEADING = 3;  // inertias and orders shown per mode
+
+std::vector<double> records(const std::filesystem::path& file) {
+    std::vector<double> values;
+    std::ifstream in(file, std::ios::binary);
+    double v = 0.0;
+    while (in.read(reinterpret_cast<char*>(&v), sizeof v)) values.push_back(v);
+    return values;
+}
+
+// The IDs of the INERTIA lines in file order: row r of the inertia table has ID ids[r-1].
+std::vector<int> inertia_ids(const std::filesystem::path& model) {
+    std::vector<int> ids;
+    std::ifstream in(model, std::ios::binary);
+    std::string line;
+    while (read_text_line(in, line)) {
+        STRINGOPERATION::STRINGDELETETAB(line);
+        std::string word = line;
+        STRINGOPERATION::STRINGFIRSTWORD(word);
+        STRINGOPERATION::STRINGUPCASE(word);
+        word = STRINGOPERATION::trimmed(word);
+        if (word == "LOADCASE") break;
+        if (word != "INERTIA") continue;
+        STRINGOPERATION::STRINGWITHOUTFIRSTWORD(line);
+        int id = 0;
+        ValueReader(line).read(id);
+        ids.push_back(id);
+    }
+    return ids;
+}
+
+// Indices 0..n-1 of the `count` largest values of key(i), largest first.
+template <class Key>
+std::vector<std::size_t> leading(std::size_t n, std::size_t count, Key key) {
+    std::vector<std::size_t> idx(n);
+    std::iota(idx.begin(), idx.end(), 0U);
+    std::stable_sort(idx.begin(), idx.end(), [&](std::size_t a, std::size_t b) { return key(a) > key(b); });
+    if (idx.size() > count) idx.resize(count);
+    return idx;
+}
+
+std::string order_text(double q) {
+    const double rounded = std::round(q * 2.0) / 2.0;
+    return fmt::F(rounded, 5, std::fabs(rounded - std::round(rounded)) > 0.0 ? 1 : 0);
+}
+
+}  // namespace
+
+void print_free_vibration(std::ostream& out, const std::filesystem::path& model,
+                          const std::filesystem::path& results) {
+    const std::vector<double> omega = records(results / "NaturalFrequency.bin");
+    if (omega.empty()) return;
+    out << "\nNatural frequencies:\n";
+    out << fmt::A("Mode", 6) << fmt::A("rad/s", 16) << fmt::A("Hz", 16) << fmt::A("rpm", 16) << "\n";
+    for (std::size_t m = 0; m < omega.size(); ++m)
+        out << fmt::I(static_cast<long long>(m + 1), 6) << fmt::F(omega[m], 16, 4)
+            << fmt::F(omega[m] / (2.0 * PI), 16, 4) << fmt::F(omega[m] * RPM_PER_RAD_PER_S, 16, 2) << "\n";
+
+    const std::vector<double> deflection = records(results / "RelativeDeflection.bin");
+    const std::vector<double> info = records(results / "SystemInfo.bin");
+    const std::vector<int> ids = inertia_ids(model);
+    const std::size_t nmode = omega.size() - 1;
+    if (nmode == 0 || ids.empty() || deflection.size() != nmode * ids.size()) return;
+    const std::size_t nmass = ids.size();
+
+    const std::vector<double> vsum = records(results / "VectorSum.bin");
+    const std::vector<double> vrpm = records(results / "VectorSumRpm.bin");
+    const std::size_t ndiesel = info.size() >= 8 ? static_cast<std::size_t>(info[7]) : 0U;
+    const std::size_t norder =
+        ndiesel > 0 && vsum.size() % (ndiesel * nmode) == 0 ? vsum.size() / (ndiesel * nmode) : 0U;
+    const bool engines = norder > 0 && vrpm.size() == vsum.size();
+
+    out << "\nModes (relative deflection of the inertias that swing most"
+        << (engines ? "; engine orders by relative vector sum, with the engine speed where each meets the mode" : "")
+        << "):\n";
+    for (std::size_t m = 0; m < nmode; ++m) {
+        const double w = omega[m + 1];
+        out << "  Mode " << m + 2 << ": " << fmt::F(w / (2.0 * PI), 10, 3) << " Hz\n";
+        const double* d = &deflection[m * nmass];
+        out << "    inertias:";
+        for (std::size_t r : leading(nmass, LEADING, [&](std::size_t i) { return std::fabs(d[i]); }))
+            out << "  ID " << ids[r] << " " << fmt::F(d[r], 8, 3);
+        out << "\n";
+        if (!engines) continue;
+        for (std::size_t e = 0; e < ndiesel; ++e) {
+            const std::size_t block = (e * nmode + m) * norder;
+            out << "    engine " << e + 1 << " orders:";
+            for (std::size_t o : leading(norder, LEADING, [&](std::size_t i) { return vsum[block + i]; })) {
+                // The order follows from the speed where it meets the mode: rpm = w*30/pi/q.
+                const double q = vrpm[block + o] != 0.0 ? w * RPM_PER_RAD_PER_S / vrpm[block + o] : 0.0;
+                out << "  " << order_text(q) << " (" << fmt::F(vsum[block + o], 5, 3) << ") at"
+                    << fmt::F(vrpm[block + o], 9, 1) << " rpm";
+            }
+            out << "\n";
+        }
+    }
+}
+
+}  // namespace qm::cli
