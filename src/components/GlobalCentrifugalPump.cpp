@@ -1,32 +1,16 @@
 #include "components/GlobalCentrifugalPump.h"
 
-#include <climits>
+#include "frame/Truncate.h"
 #include <cmath>
 
 namespace qm::GLOBAL_CENTRIFUGALPUMP {
 
-namespace {
-bool is_row(const CentrifugalPumpTable& table, int i) {
-    return i >= 1 && i <= GET_CENTRIFUGALPUMP_NUMBER(table);
-}
-
-// Toward zero, as an integer conversion does, but defined for every input.
-int truncate_to_int(double x) {
-    if (std::isnan(x)) return 0;
-    if (x >= static_cast<double>(INT_MAX)) return INT_MAX;
-    if (x <= static_cast<double>(INT_MIN)) return INT_MIN;
-    return static_cast<int>(x);
-}
-}  // namespace
-
 int GET_CENTRIFUGALPUMP_NUMBER(const CentrifugalPumpTable& table) {
-    return table.allocated() ? table.size() : 0;
+    return row_count(table);
 }
 
 int GET_CENTRIFUGALPUMP_ICENTRIFUGALPUMP(const CentrifugalPumpTable& table, int id) {
-    for (int i = 1; i <= GET_CENTRIFUGALPUMP_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 void SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDER(CentrifugalPumpTable& table, int i, double o1, double o2,

@@ -35,12 +35,10 @@ double formula_damping(double coefficient, double exponent, double order, double
 
 }  // namespace
 
-int GET_DIESEL_NUMBER(const DieselTable& table) { return table.allocated() ? table.size() : 0; }
+int GET_DIESEL_NUMBER(const DieselTable& table) { return row_count(table); }
 
 int GET_DIESEL_IDIESEL(const DieselTable& table, int id) {
-    for (int i = 1; i <= GET_DIESEL_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 bool GET_DIESEL_CONTAINFORMULADAMPING(const DieselTable& table) {

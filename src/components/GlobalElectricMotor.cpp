@@ -5,16 +5,10 @@
 
 namespace qm::GLOBAL_ELECTRICMOTOR {
 
-namespace {
-bool is_row(const ElectricMotorTable& table, int i) { return i >= 1 && i <= GET_ELECTRICMOTOR_NUMBER(table); }
-}  // namespace
-
-int GET_ELECTRICMOTOR_NUMBER(const ElectricMotorTable& table) { return table.allocated() ? table.size() : 0; }
+int GET_ELECTRICMOTOR_NUMBER(const ElectricMotorTable& table) { return row_count(table); }
 
 int GET_ELECTRICMOTOR_IELECTRICMOTOR(const ElectricMotorTable& table, int id) {
-    for (int i = 1; i <= GET_ELECTRICMOTOR_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 void SET_ELECTRICMOTOR_MOTORORDERNUMBER(ElectricMotorTable& table, int i, int value) {

@@ -23,10 +23,6 @@ constexpr double C_0_0069 = 0.006899999920278788;
 constexpr double C_0_032 = 0.03200000151991844;
 constexpr double C_0_055 = 0.054999999701976776;
 
-bool is_row(const GeislingerCouplingTable& table, int i) {
-    return i >= 1 && i <= GET_GEISLINGERCOUPLING_NUMBER(table);
-}
-
 // Characteristic frequency at the oil's viscosity, rad/s. A coupling without
 // characteristic frequency has none at any viscosity, a zero viscosity included.
 double reference_frequency(const GeislingerCouplingRecord& c) {
@@ -42,13 +38,11 @@ double frequency_ratio(const GeislingerCouplingRecord& c, double order, double r
 }  // namespace
 
 int GET_GEISLINGERCOUPLING_NUMBER(const GeislingerCouplingTable& table) {
-    return table.allocated() ? table.size() : 0;
+    return row_count(table);
 }
 
 int GET_GEISLINGERCOUPLING_IGEISLINGERCOUPLING(const GeislingerCouplingTable& table, int id) {
-    for (int i = 1; i <= GET_GEISLINGERCOUPLING_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 int GET_GEISLINGERCOUPLING_IGEISLINGERCOUPLING_SHAFTNODE(const GeislingerCouplingTable& table, int node) {

@@ -1,28 +1,14 @@
 #include "components/GlobalGenerator.h"
 
-#include <climits>
+#include "frame/Truncate.h"
 #include <cmath>
 
 namespace qm::GLOBAL_GENERATOR {
 
-namespace {
-bool is_row(const GeneratorTable& table, int i) { return i >= 1 && i <= GET_GENERATOR_NUMBER(table); }
-
-// Toward zero, as an integer conversion does, but defined for every input.
-int truncate_to_int(double x) {
-    if (std::isnan(x)) return 0;
-    if (x >= static_cast<double>(INT_MAX)) return INT_MAX;
-    if (x <= static_cast<double>(INT_MIN)) return INT_MIN;
-    return static_cast<int>(x);
-}
-}  // namespace
-
-int GET_GENERATOR_NUMBER(const GeneratorTable& table) { return table.allocated() ? table.size() : 0; }
+int GET_GENERATOR_NUMBER(const GeneratorTable& table) { return row_count(table); }
 
 int GET_GENERATOR_IGENERATOR(const GeneratorTable& table, int id) {
-    for (int i = 1; i <= GET_GENERATOR_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 void SET_GENERATOR_GENERATORORDER(GeneratorTable& table, int i, double o1, double o2, double o3, double o4) {

@@ -5,13 +5,11 @@
 namespace qm::GLOBAL_LINEARCOUPLING {
 
 int GET_LINEARCOUPLING_NUMBER(const LinearCouplingTable& table) {
-    return table.allocated() ? table.size() : 0;
+    return row_count(table);
 }
 
 int GET_LINEARCOUPLING_ILINEARCOUPLING(const LinearCouplingTable& table, int id) {
-    for (int i = 1; i <= GET_LINEARCOUPLING_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 int GET_LINEARCOUPLING_ILINEARCOUPLING_SHAFTNODE(const LinearCouplingTable& table, int node) {
@@ -21,13 +19,13 @@ int GET_LINEARCOUPLING_ILINEARCOUPLING_SHAFTNODE(const LinearCouplingTable& tabl
 }
 
 double GET_LINEARCOUPLING_STIFFNESSDYNAMIC(const LinearCouplingTable& table, int i) {
-    if (i < 1 || i > GET_LINEARCOUPLING_NUMBER(table)) return 0.0;
+    if (!is_row(table, i)) return 0.0;
     return table(i).NOMINALSTIFFNESS;
 }
 
 double CALCULATE_LINEARCOUPLING_DAMPING(const LinearCouplingTable& table, int i, double dynMagnifier,
                                         double order) {
-    if (i < 1 || i > GET_LINEARCOUPLING_NUMBER(table)) return 0.0;
+    if (!is_row(table, i)) return 0.0;
     const LinearCouplingRecord& c = table(i);
     if (dynMagnifier == 0.0) return 0.0;
     const double omega = c.SPEED * PI / 30.0;
@@ -37,7 +35,7 @@ double CALCULATE_LINEARCOUPLING_DAMPING(const LinearCouplingTable& table, int i,
 }
 
 void CALCULATE_LINEARCOUPLING_LOADCASESETTING(LinearCouplingTable& table, int i, double dynMagnifier) {
-    if (i < 1 || i > GET_LINEARCOUPLING_NUMBER(table)) return;
+    if (!is_row(table, i)) return;
     LinearCouplingRecord& c = table(i);
     c.STIFFNESS = c.NOMINALSTIFFNESS;
     const double denominator = dynMagnifier * (c.SPEED * PI / 30.0);

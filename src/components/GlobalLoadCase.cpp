@@ -3,7 +3,7 @@
 namespace qm::GLOBAL_LOADCASE {
 
 int GET_LOADCASE_NCOMPONENT(const LoadCaseTable& table) {
-    return table.allocated() ? table.size() : 0;
+    return row_count(table);
 }
 
 int GET_LOADCASE_ICOMPONENT(const LoadCaseTable& table, int type, int id) {

@@ -19,7 +19,7 @@ int row_of(const LoadCaseGensetTable& table, int dieselId, int loadCase) {
 }  // namespace
 
 int GET_LOADCASEGENSET_NUMBER(const LoadCaseGensetTable& table) {
-    return table.allocated() ? table.size() : 0;
+    return row_count(table);
 }
 
 double GET_LOADCASEGENSET_PRESSUREMAX(const LoadCaseGensetTable& table, int dieselId, int loadCase) {

@@ -2,12 +2,10 @@
 
 namespace qm::GLOBAL_MASS {
 
-int GET_MASS_NUMBER(const MassTable& table) { return table.allocated() ? table.size() : 0; }
+int GET_MASS_NUMBER(const MassTable& table) { return row_count(table); }
 
 int GET_MASS_IMASS(const MassTable& table, int id) {
-    for (int i = 1; i <= GET_MASS_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 double GET_MASS_INERTIAEQUIVALENTTOTAL(const MassTable& table) {

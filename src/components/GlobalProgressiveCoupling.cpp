@@ -4,20 +4,12 @@
 
 namespace qm::GLOBAL_PROGRESSIVECOUPLING {
 
-namespace {
-bool is_row(const ProgressiveCouplingTable& table, int i) {
-    return i >= 1 && i <= GET_PROGRESSIVECOUPLING_NUMBER(table);
-}
-}  // namespace
-
 int GET_PROGRESSIVECOUPLING_NUMBER(const ProgressiveCouplingTable& table) {
-    return table.allocated() ? table.size() : 0;
+    return row_count(table);
 }
 
 int GET_PROGRESSIVECOUPLING_IPROGRESSIVECOUPLING(const ProgressiveCouplingTable& table, int id) {
-    for (int i = 1; i <= GET_PROGRESSIVECOUPLING_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 int GET_PROGRESSIVECOUPLING_IPROGRESSIVECOUPLING_SHAFTNODE(const ProgressiveCouplingTable& table, int node) {

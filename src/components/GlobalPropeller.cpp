@@ -32,13 +32,11 @@ double model_inertia(const PropellerRecord& p) { return p.INERTIAAIR + p.INERTIA
 }  // namespace
 
 int GET_PROPELLER_NUMBER(const PropellerTable& table) {
-    return table.allocated() ? table.size() : 0;
+    return row_count(table);
 }
 
 int GET_PROPELLER_IPROPELLER(const PropellerTable& table, int id) {
-    for (int i = 1; i <= GET_PROPELLER_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 void SET_PROPELLER_EXCITATIONFILE(PropellerTable& table, int i, const std::string& value) {

@@ -4,12 +4,10 @@
 
 namespace qm::GLOBAL_RUBBERDAMPER {
 
-int GET_RUBBERDAMPER_NUMBER(const RubberDamperTable& table) { return table.allocated() ? table.size() : 0; }
+int GET_RUBBERDAMPER_NUMBER(const RubberDamperTable& table) { return row_count(table); }
 
 int GET_RUBBERDAMPER_IRUBBERDAMPER(const RubberDamperTable& table, int id) {
-    for (int i = 1; i <= GET_RUBBERDAMPER_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 int GET_RUBBERDAMPER_IRUBBERDAMPER_NODE(const RubberDamperTable& table, int a, int b) {
@@ -20,7 +18,7 @@ int GET_RUBBERDAMPER_IRUBBERDAMPER_NODE(const RubberDamperTable& table, int a, i
 
 double CALCULATE_RUBBERDAMPER_DAMPING(const RubberDamperTable& table, int i, double dynMagnifier,
                                       double order) {
-    if (i < 1 || i > GET_RUBBERDAMPER_NUMBER(table)) return 0.0;
+    if (!is_row(table, i)) return 0.0;
     const RubberDamperRecord& d = table(i);
     if (dynMagnifier == 0.0) return d.ABSDAMPING;
     const double omega = d.SPEED * PI / 30.0;
@@ -31,7 +29,7 @@ double CALCULATE_RUBBERDAMPER_DAMPING(const RubberDamperTable& table, int i, dou
 
 void CALCULATE_RUBBERDAMPER_LOADCASESETTING(RubberDamperTable& table, int i, double stiffness,
                                             double dynMagnifier, double order) {
-    if (i < 1 || i > GET_RUBBERDAMPER_NUMBER(table)) return;
+    if (!is_row(table, i)) return;
     table(i).STIFFNESS = stiffness;
     table(i).DAMPING = CALCULATE_RUBBERDAMPER_DAMPING(table, i, dynMagnifier, order);
 }

@@ -9,12 +9,10 @@
 
 namespace qm::GLOBAL_SHAFT {
 
-int GET_SHAFT_NUMBER(const ShaftTable& table) { return table.allocated() ? table.size() : 0; }
+int GET_SHAFT_NUMBER(const ShaftTable& table) { return row_count(table); }
 
 int GET_SHAFT_ISHAFT(const ShaftTable& table, int id) {
-    for (int i = 1; i <= GET_SHAFT_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 int GET_SHAFT_ISHAFTBYNODE(const ShaftTable& table, int node1, int node2) {

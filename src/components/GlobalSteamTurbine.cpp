@@ -2,12 +2,10 @@
 
 namespace qm::GLOBAL_STEAMTURBINE {
 
-int GET_STEAMTURBINE_NUMBER(const SteamTurbineTable& table) { return table.allocated() ? table.size() : 0; }
+int GET_STEAMTURBINE_NUMBER(const SteamTurbineTable& table) { return row_count(table); }
 
 int GET_STEAMTURBINE_ISTEAMTURBINE(const SteamTurbineTable& table, int id) {
-    for (int i = 1; i <= GET_STEAMTURBINE_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 }  // namespace qm::GLOBAL_STEAMTURBINE

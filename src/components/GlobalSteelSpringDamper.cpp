@@ -5,18 +5,16 @@
 namespace qm::GLOBAL_STEELSPRINGDAMPER {
 
 int GET_STEELSPRINGDAMPER_NUMBER(const SteelSpringDamperTable& table) {
-    return table.allocated() ? table.size() : 0;
+    return row_count(table);
 }
 
 int GET_STEELSPRINGDAMPER_ISTEELSPRINGDAMPER(const SteelSpringDamperTable& table, int id) {
-    for (int i = 1; i <= GET_STEELSPRINGDAMPER_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 double CALCULATE_STEELSPRINGDAMPER_DAMPING(const SteelSpringDamperTable& table, int i, double dynMagnifier,
                                            double order) {
-    if (i < 1 || i > GET_STEELSPRINGDAMPER_NUMBER(table)) return 0.0;
+    if (!is_row(table, i)) return 0.0;
     const SteelSpringDamperRecord& d = table(i);
     if (dynMagnifier == 0.0) return d.ABSDAMPING;
     const double omega = d.SPEED * PI / 30.0;
@@ -27,7 +25,7 @@ double CALCULATE_STEELSPRINGDAMPER_DAMPING(const SteelSpringDamperTable& table, 
 
 void CALCULATE_STEELSPRINGDAMPER_LOADCASESETTING(SteelSpringDamperTable& table, int i, double stiffness,
                                                  double dynMagnifier, double order) {
-    if (i < 1 || i > GET_STEELSPRINGDAMPER_NUMBER(table)) return;
+    if (!is_row(table, i)) return;
     table(i).STIFFNESS = stiffness;
     table(i).DAMPING = CALCULATE_STEELSPRINGDAMPER_DAMPING(table, i, dynMagnifier, order);
 }

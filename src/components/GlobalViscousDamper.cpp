@@ -2,12 +2,10 @@
 
 namespace qm::GLOBAL_VISCOUSDAMPER {
 
-int GET_VISCOUSDAMPER_NUMBER(const ViscousDamperTable& table) { return table.allocated() ? table.size() : 0; }
+int GET_VISCOUSDAMPER_NUMBER(const ViscousDamperTable& table) { return row_count(table); }
 
 int GET_VISCOUSDAMPER_IVISCOUSDAMPER(const ViscousDamperTable& table, int id) {
-    for (int i = 1; i <= GET_VISCOUSDAMPER_NUMBER(table); ++i)
-        if (table(i).ID == id) return i;
-    return 0;
+    return first_row_with_id(table, id);
 }
 
 int GET_VISCOUSDAMPER_IVISCOUSDAMPER_NODE(const ViscousDamperTable& table, int a, int b) {
@@ -25,7 +23,7 @@ bool GET_VISCOUSDAMPER_CONTAINCUSTOMDAMPING(const ViscousDamperTable& table) {
 }
 
 void CALCULATE_VISCOUSDAMPER_LOADCASESETTING(ViscousDamperTable& table, int i, double stiffness) {
-    if (i < 1 || i > GET_VISCOUSDAMPER_NUMBER(table)) return;
+    if (!is_row(table, i)) return;
     ViscousDamperRecord& d = table(i);
     d.STIFFNESS = stiffness;
     d.DAMPING = d.ABSDAMPING;

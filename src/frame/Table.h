@@ -97,4 +97,24 @@ private:
     bool allocated_ = false;
 };
 
+// Rows of a table; 0 while it is unallocated.
+template <class T>
+int row_count(const Table<T>& table) {
+    return table.allocated() ? table.size() : 0;
+}
+
+// True when row i exists.
+template <class T>
+bool is_row(const Table<T>& table, int i) {
+    return i >= 1 && i <= row_count(table);
+}
+
+// The first row whose ID equals id; 0 when there is none or the table is unallocated.
+template <class T>
+int first_row_with_id(const Table<T>& table, int id) {
+    for (int i = 1; i <= row_count(table); ++i)
+        if (table(i).ID == id) return i;
+    return 0;
+}
+
 }  // namespace qm
