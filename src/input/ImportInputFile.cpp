@@ -193,6 +193,7 @@ void READINPUTFILE(const std::string& FILENAME, ModelTables& tables, bool& ISSUC
     GLOBAL_PARAMETER::GETFILEID();
     InputReader reader(in, tables);
     reader.nLoadCase = nLoadCase;
+    reader.model_dir = std::filesystem::path(filename).parent_path().string();
     if (!fill_tables(reader)) return;
     in.close();
     ISSUCCESS = true;

@@ -27,6 +27,7 @@ struct InputReader {
     std::string values;  // the keyword line without its first word
     int nLoadCase = 0;   // load case rows counted by the sizing pass
     int isGenset = 0;    // isGenset of the DIESEL section read last
+    std::string model_dir;  // folder of the model file; relative side-file names start here
 
     InputReader(std::istream& input, ModelTables& t) : in(input), tables(t) {}
 
