@@ -1,5 +1,7 @@
 #include "input/InputSections.h"
 
+#include "input/ComponentSpeedRatios.h"
+#include "input/SectionsMachines.h"
 #include "input/ValueReader.h"
 
 namespace qm::IMPORTINPUTFILE {
@@ -59,13 +61,23 @@ std::array<SectionReader, NKINDS> section_readers() {
     std::array<SectionReader, NKINDS> readers{};
     readers[INERTIA] = SECTION_INERTIA;
     readers[SHAFT] = SECTION_SHAFT;
+    readers[ELECTRICMOTOR] = SECTION_ELECTRICMOTOR;
+    readers[GENERATOR] = SECTION_GENERATOR;
+    readers[CENTRIFUGALPUMP] = SECTION_CENTRIFUGALPUMP;
+    readers[GASTURBINE] = SECTION_GASTURBINE;
+    readers[STEAMTURBINE] = SECTION_STEAMTURBINE;
+    readers[DIESEL] = SECTION_DIESEL;
+    readers[RECIPROCATINGPUMP] = SECTION_RECIPROCATINGPUMP;
+    readers[PROPELLER] = SECTION_PROPELLER;
     return readers;
 }
 
-SectionReader propeller_ice_reader() { return nullptr; }
+SectionReader propeller_ice_reader() { return SECTION_PROPELLERICE; }
 
 SectionReader load_case_reader() { return nullptr; }
 
-void complete_after_reading(InputReader&, bool&) {}
+void complete_after_reading(InputReader& reader, bool& /*ISSUCCESS*/) {
+    set_component_speed_ratios(reader.tables);
+}
 
 }  // namespace qm::IMPORTINPUTFILE

@@ -129,7 +129,12 @@ TEST(ReadInputFile, LoadCaseWithoutComponentsIsAnErrorWithoutLineNumber) {
 }
 
 TEST(ReadInputFile, ComponentKeywordsSizeTheirTablesAndTheLoadCaseComponentList) {
-    Read r(TWO_MASSES + "DIESEL\nPROPELLER\nPROPELLERICE\nGENERATOR\nOUTPUTANGLEBASEDRESULTS\n");
+    Read r(TWO_MASSES +
+           "DIESEL 1 E\n100 100 2 0 0 0 0 0 1\n\n\n\n\n\n\n\n600 2400 0.25 1500 95 0 0 0\nnormal.txt\nmis.txt\n"
+           "PROPELLER 1\n2 7000 100 4 5000 1500 0\n300 5000 0.8 0.6 1 100 20\nARCHER 30 0 0 2 1 0 0\n0\n"
+           "PROPELLERICE 1\n0\nice.txt\n"
+           "GENERATOR 1\n1 100 1000 1\n1 0 0 0\n1 0 0 0\n"
+           "OUTPUTANGLEBASEDRESULTS\n");
     ASSERT_TRUE(r.ok);
     EXPECT_EQ(r.tables.DIESEL_TABLE.size(), 1);
     EXPECT_EQ(r.tables.PROPELLER_TABLE.size(), 1);
