@@ -1,6 +1,7 @@
 #include "input/InputSections.h"
 
 #include "input/ComponentSpeedRatios.h"
+#include "input/LoadCaseInput.h"
 #include "input/SectionsMachines.h"
 #include "input/ValueReader.h"
 
@@ -74,10 +75,11 @@ std::array<SectionReader, NKINDS> section_readers() {
 
 SectionReader propeller_ice_reader() { return SECTION_PROPELLERICE; }
 
-SectionReader load_case_reader() { return nullptr; }
+SectionReader load_case_reader() { return SECTION_LOADCASE; }
 
-void complete_after_reading(InputReader& reader, bool& /*ISSUCCESS*/) {
+void complete_after_reading(InputReader& reader, bool& ISSUCCESS) {
     set_component_speed_ratios(reader.tables);
+    read_genset_file(reader, ISSUCCESS);
 }
 
 }  // namespace qm::IMPORTINPUTFILE

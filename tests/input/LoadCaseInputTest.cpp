@@ -1,0 +1,328 @@
+#include "input/LoadCaseInput.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+
+#include "../TestSupport.h"
+#include "frame/GlobalParameter.h"
+#include "frame/Log.h"
+#include "input/ImportInputFile.h"
+
+namespace qm {
+namespace {
+
+const std::string SETTINGS = "Error occurs when reading loadcase settings in input file line ";
+const std::string SPEED = "Error occurs when reading \"LoadCase_Speed\" in input file line ";
+const std::string POWER = "Error occurs when reading \"Id, SubId, LoadCase_Power(iLoadCase,:)\" in input file line ";
+
+std::string at(const std::string& message, int line) { return LOG::with_line_number(message, line); }
+
+// The load case section alone: the reader stands on a LOADCASE line numbered 1, `table`
+// follows it, and the tables are prepared by `setup`. By default the model has a diesel
+// engine with ID 1, a propeller with ID 2 and two load case components.
+struct Section {
+    test::ScratchDir dir;
+    ModelTables tables;
+    std::istringstream in;
+    InputReader reader;
+    bool ok = false;
+    std::vector<std::string> log;
+
+    Section(const std::string& table, int nLoadCase,
+            const std::function<void(ModelTables&)>& setup = diesel_and_propeller)
+        : in(table), reader(in, tables) {
+        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+        LOG::create();
+        setup(tables);
+        reader.line_counter = 1;
+        reader.nLoadCase = nLoadCase;
+        ok = IMPORTINPUTFILE::SECTION_LOADCASE(reader, 0);
+        log = test::read_lines(dir / "Quillmark.log");
+    }
+
+    static void diesel_and_propeller(ModelTables& t) {
+        t.DIESEL_TABLE.allocate(1);
+        t.DIESEL_TABLE(1).ID = 1;
+        t.PROPELLER_TABLE.allocate(1);
+        t.PROPELLER_TABLE(1).ID = 2;
+        t.LOADCASE_TABLE.allocate(2);
+    }
+    double speed(int i) const { return tables.LOADCASE_SPEED(i); }
+    double power(int k, int i) const { return tables.LOADCASE_POWER(k, i); }
+};
+
+TEST(LoadCaseSection, PowersAreTakenByPositionInWatts) {
+    // "diesel" is no column word, though "rpm" opens the head line: it is logged, its ID is
+    // used up, and the powers behind the speed move up one column.
+    Section s("rpm diesel PROPELLER\n"
+              "1 2\n"
+              "60 1500 1450\n"
+              "80,5 3600\n"
+              "100 7000 6800 99 x\n",
+              3);
+    ASSERT_TRUE(s.ok);
+    ASSERT_EQ(s.log.size(), 1U);
+    EXPECT_EQ(s.log[0], at(SETTINGS, 3));
+    EXPECT_EQ(s.tables.LOADCASE_TABLE(1).COMPONENTTYPE, 16);
+    EXPECT_EQ(s.tables.LOADCASE_TABLE(1).COMPONENTID, 2);
+    EXPECT_EQ(s.tables.LOADCASE_TABLE(2).COMPONENTTYPE, 0);
+    ASSERT_EQ(s.tables.LOADCASE_SPEED.size(), 3);
+    EXPECT_EQ(s.speed(1), 60.0);
+    EXPECT_EQ(s.speed(2), 80.5);  // decimal comma
+    EXPECT_EQ(s.speed(3), 100.0);
+    ASSERT_EQ(s.tables.LOADCASE_POWER.rows(), 2);
+    ASSERT_EQ(s.tables.LOADCASE_POWER.cols(), 3);
+    EXPECT_EQ(s.power(1, 1), 1500000.0);
+    EXPECT_EQ(s.power(2, 1), 1450000.0);
+    EXPECT_EQ(s.power(1, 2), 3600000.0);
+    EXPECT_EQ(s.power(2, 2), 0.0);  // fewer powers than columns
+    // Values behind the last row of the power table are not read, so "x" is no error.
+    EXPECT_EQ(s.power(2, 3), 6800000.0);
+}
+
+TEST(LoadCaseSection, EveryColumnWordLooksUpItsOwnTable) {
+    struct Kind {
+        const char* word;
+        int code;
+        const char* label;
+        std::function<void(ModelTables&)> add;  // one component with ID 5
+    };
+    const std::vector<Kind> kinds = {
+        {"DIESEL", 15, " (Diesel ", [](ModelTables& t) { t.DIESEL_TABLE.allocate(1), t.DIESEL_TABLE(1).ID = 5; }},
+        {"RECIPROCATINGPUMP", 30, " (ReciprocatingPump ",
+         [](ModelTables& t) { t.RECIPROCATINGPUMP_TABLE.allocate(1), t.RECIPROCATINGPUMP_TABLE(1).ID = 5; }},
+        {"PROPELLER", 16, " (Propeller ",
+         [](ModelTables& t) { t.PROPELLER_TABLE.allocate(1), t.PROPELLER_TABLE(1).ID = 5; }},
+        {"LINEARCOUPLING", 24, " (LinearCoupling ",
+         [](ModelTables& t) { t.LINEARCOUPLING_TABLE.allocate(1), t.LINEARCOUPLING_TABLE(1).ID = 5; }},
+        {"PROGRESSIVECOUPLING", 25, " (ProgressiveCoupling ",
+         [](ModelTables& t) { t.PROGRESSIVECOUPLING_TABLE.allocate(1), t.PROGRESSIVECOUPLING_TABLE(1).ID = 5; }},
+        {"GEISLINGERCOUPLING", 26, " (GeislingerCoupling ",
+         [](ModelTables& t) { t.GEISLINGERCOUPLING_TABLE.allocate(1), t.GEISLINGERCOUPLING_TABLE(1).ID = 5; }},
+        {"ELECTRICMOTOR", 17, " (ElectricMotor ",
+         [](ModelTables& t) { t.ELECTRICMOTOR_TABLE.allocate(1), t.ELECTRICMOTOR_TABLE(1).ID = 5; }},
+        {"GENERATOR", 18, " (Generator ",
+         [](ModelTables& t) { t.GENERATOR_TABLE.allocate(1), t.GENERATOR_TABLE(1).ID = 5; }},
+        {"CENTRIFUGALPUMP", 28, " (CentrifugalPump ",
+         [](ModelTables& t) { t.CENTRIFUGALPUMP_TABLE.allocate(1), t.CENTRIFUGALPUMP_TABLE(1).ID = 5; }},
+        {"GASTURBINE", 19, " (GasTurbine ",
+         [](ModelTables& t) { t.GASTURBINE_TABLE.allocate(1), t.GASTURBINE_TABLE(1).ID = 5; }},
+        {"STEAMTURBINE", 20, " (SteamTurbine ",
+         [](ModelTables& t) { t.STEAMTURBINE_TABLE.allocate(1), t.STEAMTURBINE_TABLE(1).ID = 5; }},
+    };
+    for (const Kind& kind : kinds) {
+        SCOPED_TRACE(kind.word);
+        // Every other kind also has a component with ID 5, so a lookup in the wrong table
+        // would find one where its own table has none.
+        auto others = [&](ModelTables& t) {
+            for (const Kind& other : kinds)
+                if (other.code != kind.code) other.add(t);
+            t.LOADCASE_TABLE.allocate(1);
+        };
+        auto all = [&](ModelTables& t) {
+            others(t);
+            kind.add(t);
+        };
+        const std::string table = std::string("RPM ") + kind.word + "\n5\n100 1\n";
+        Section found(table, 1, all);
+        EXPECT_TRUE(found.ok);
+        EXPECT_EQ(found.tables.LOADCASE_TABLE(1).COMPONENTTYPE, kind.code);
+        EXPECT_EQ(found.tables.LOADCASE_TABLE(1).COMPONENTID, 5);
+
+        Section missing(table, 1, others);
+        EXPECT_FALSE(missing.ok);
+        ASSERT_EQ(missing.log.size(), 1U);
+        EXPECT_EQ(missing.log[0], at(SETTINGS, 3) + kind.label + "  5 is not defined)");
+    }
+}
+
+TEST(LoadCaseSection, ReadErrorsNameTheirLine) {
+    Section unknown_id("RPM PROPELLER DIESEL\n2 7\n60 1 2\n", 1);
+    EXPECT_FALSE(unknown_id.ok);
+    ASSERT_EQ(unknown_id.log.size(), 1U);
+    EXPECT_EQ(unknown_id.log[0], at(SETTINGS, 3) + " (Diesel   7 is not defined)");
+
+    Section wide_id("RPM DIESEL\n1234\n60 1\n", 1);
+    ASSERT_EQ(wide_id.log.size(), 1U);
+    EXPECT_EQ(wide_id.log[0], at(SETTINGS, 3) + " (Diesel *** is not defined)");
+
+    Section missing_id("RPM DIESEL PROPELLER\n1\n60 1 2\n", 1);
+    EXPECT_FALSE(missing_id.ok);
+    ASSERT_EQ(missing_id.log.size(), 1U);
+    EXPECT_EQ(missing_id.log[0], at(SETTINGS, 3));
+
+    Section real_id("RPM DIESEL\n1.0\n60 1\n", 1);
+    EXPECT_FALSE(real_id.ok);
+    EXPECT_EQ(real_id.log, std::vector<std::string>{at(SETTINGS, 3)});
+
+    Section speed("RPM DIESEL\n1\n60 1\nfast 2\n", 2);
+    EXPECT_FALSE(speed.ok);
+    EXPECT_EQ(speed.log, std::vector<std::string>{at(SPEED, 5)});
+
+    Section power("RPM DIESEL PROPELLER\n1 2\n60 1 2\n70 1 2kW\n", 2);
+    EXPECT_FALSE(power.ok);
+    EXPECT_EQ(power.log, std::vector<std::string>{at(POWER, 5)});
+}
+
+TEST(LoadCaseSection, MalformedTablesEndTheReadingInsideTheTables) {
+    // A table with more columns than the model has components.
+    Section columns("RPM DIESEL DIESEL PROPELLER\n1 1 2\n60 1 2 3\n", 1);
+    EXPECT_FALSE(columns.ok);
+    EXPECT_EQ(columns.log, std::vector<std::string>{at(SETTINGS, 3) + " : more columns than components"});
+
+    // No head line before the end of the file.
+    Section no_head("DIESEL PROPELLER\n1 2\n60 1 2\n", 1);
+    EXPECT_FALSE(no_head.ok);
+    EXPECT_EQ(no_head.log, std::vector<std::string>{at(SETTINGS, 5) + " : no head line starting with RPM"});
+
+    // Text before the head line is passed over; the table must still hold every load
+    // case that was counted.
+    Section text_before("Load cases\nRPM DIESEL\n1\n60 1\n", 2);
+    EXPECT_FALSE(text_before.ok);
+    EXPECT_EQ(text_before.log,
+              std::vector<std::string>{at(SETTINGS, 6) + " : the table ends after 1 of 2 load cases"});
+
+    // More load case lines than counted.
+    Section long_table("RPM DIESEL\n1\n60 1\n70 2\n", 1);
+    EXPECT_FALSE(long_table.ok);
+    EXPECT_EQ(long_table.log, std::vector<std::string>{at(SETTINGS, 5) + " : more load cases than the 1 counted"});
+    EXPECT_EQ(long_table.tables.LOADCASE_SPEED.size(), 1);
+}
+
+// ---------------------------------------------------------------------------------------
+// Whole input files.
+
+// A one-cylinder engine with theoretical pressure; isGenset as given.
+std::string diesel(int id, int isGenset) {
+    return "DIESEL " + std::to_string(id) + " Gen" + std::to_string(id) + "\n" +
+           "1000 750 4 1 0 0 0 " + std::to_string(isGenset) + " 1\n" +
+           "1\n0\n0\n1\n0\n100\n100\n"
+           "320 400 0,35 300 90 1 0 0\n"
+           "180 145 1,35 1,27 14 3,8 42\n"
+           "50 1 -2 45 110 140 220\n";
+}
+
+std::string propeller(int id) {
+    return "PROPELLER " + std::to_string(id) + "\n" +
+           "2 8500 105 4 52600 15800 0\n"
+           "6200 1100 0,72 0,55 1 100 20\n"
+           "ARCHER 30 0 0 4 2 0 0\n"
+           "0\n";
+}
+
+const std::string MASSES = "INERTIA 1 1 1000 0 0\nINERTIA 2 1 5000 0 0\nSHAFT 1 1 2 1 1e8 0 0 0 0 0 0\n";
+
+// Number of the first line of `text` that starts with `start`.
+int line_of(const std::string& text, const std::string& start) {
+    std::istringstream in(text);
+    int n = 0;
+    for (std::string line; std::getline(in, line);) {
+        ++n;
+        if (line.rfind(start, 0) == 0) return n;
+    }
+    return 0;
+}
+
+struct Read {
+    test::ScratchDir dir;
+    ModelTables tables;
+    bool ok = false;
+    std::vector<std::string> log;
+
+    explicit Read(const std::string& model, const std::string* genset = nullptr) {
+        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+        test::write_file(dir / "model.qmk", model);
+        if (genset != nullptr) test::write_file(dir / "Genset.txt", *genset);
+        IMPORTINPUTFILE::READINPUTFILE((dir / "model.qmk").string(), tables, ok);
+        log = test::read_lines(dir / "Quillmark.log");
+    }
+};
+
+TEST(LoadCaseInputFile, TableOfOneDieselAndOnePropeller) {
+    // Two blank lines at the end are not counted as load cases.
+    const std::string model = MASSES + diesel(1, 0) + propeller(2) +
+                              "LOADCASE\nRPM DIESEL PROPELLER\n1 2\n60 1500 1450\n80,5 3600 3500\n"
+                              "100 7000 6800\n\n\n";
+    Read r(model);
+    ASSERT_TRUE(r.ok) << (r.log.empty() ? "" : r.log[0]);
+    EXPECT_TRUE(r.log.empty());
+    ASSERT_EQ(r.tables.LOADCASE_TABLE.size(), 2);
+    EXPECT_EQ(r.tables.LOADCASE_TABLE(1).COMPONENTTYPE, 15);
+    EXPECT_EQ(r.tables.LOADCASE_TABLE(1).COMPONENTID, 1);
+    EXPECT_EQ(r.tables.LOADCASE_TABLE(2).COMPONENTTYPE, 16);
+    EXPECT_EQ(r.tables.LOADCASE_TABLE(2).COMPONENTID, 2);
+    ASSERT_EQ(r.tables.LOADCASE_SPEED.size(), 3);
+    EXPECT_EQ(r.tables.LOADCASE_SPEED(2), 80.5);
+    EXPECT_EQ(r.tables.LOADCASE_POWER(1, 3), 7.0e6);
+    EXPECT_EQ(r.tables.LOADCASE_POWER(2, 2), 3.5e6);
+    EXPECT_EQ(r.tables.DIESEL_TABLE(1).NLOADCASE, 3);
+    EXPECT_FALSE(r.tables.LOADCASEGENSET_TABLE.allocated());
+}
+
+TEST(LoadCaseInputFile, HeadLinesWithoutLoadCases) {
+    const std::string model = MASSES + propeller(2) + "comment\nLOADCASE\nRPM PROPELLER\n2\n\n";
+    Read r(model);
+    EXPECT_FALSE(r.ok);
+    EXPECT_EQ(r.log, std::vector<std::string>{at(SETTINGS, line_of(model, "LOADCASE")) + " : No load case defined"});
+}
+
+TEST(LoadCaseInputFile, BlankLineWithLinesBehindItEndsTheTableEarly) {
+    const std::string model = MASSES + propeller(2) + "LOADCASE\nRPM PROPELLER\n2\n60 100\n\n70 200\n";
+    Read r(model);
+    EXPECT_FALSE(r.ok);
+    EXPECT_EQ(r.log, std::vector<std::string>{at(SETTINGS, line_of(model, "LOADCASE") + 4) +
+                                              " : the table ends after 1 of 2 load cases"});
+}
+
+TEST(LoadCaseInputFile, GensetFileFollowsTheDieselReadLast) {
+    const std::string table = "LOADCASE\nRPM DIESEL DIESEL\n1 2\n500 100 200\n750 300 400\n";
+    const std::string genset = "1 100 40\n1\t110 42,5\n2 120 45\n2 130 46\n";
+
+    Read genset_first(MASSES + diesel(1, 1) + diesel(2, 0) + table, &genset);
+    ASSERT_TRUE(genset_first.ok);
+    EXPECT_FALSE(genset_first.tables.LOADCASEGENSET_TABLE.allocated());
+
+    Read genset_last(MASSES + diesel(1, 0) + diesel(2, 1) + table, &genset);
+    ASSERT_TRUE(genset_last.ok) << (genset_last.log.empty() ? "" : genset_last.log[0]);
+    const LoadCaseGensetTable& g = genset_last.tables.LOADCASEGENSET_TABLE;
+    ASSERT_EQ(g.size(), 4);  // two load cases of two engines
+    EXPECT_EQ(g(2).DIESELID, 1);
+    EXPECT_EQ(g(2).PRESSUREMAX, 110.0e5);
+    EXPECT_EQ(g(2).PRESSURECOMP, 42.5e5);
+    EXPECT_EQ(g(4).DIESELID, 2);
+    EXPECT_EQ(GLOBAL_LOADCASEGENSET::GET_LOADCASEGENSET_PRESSUREMAX(g, 2, 2), 130.0e5);
+}
+
+TEST(LoadCaseInputFile, GensetFileProblemsFailTheReading) {
+    const std::string model = MASSES + diesel(7, 1) + "LOADCASE\nRPM DIESEL\n7\n500 100\n750 300\n";
+
+    Read missing(model);
+    EXPECT_FALSE(missing.ok);
+    EXPECT_EQ(missing.log, std::vector<std::string>{"error occurs when accessing the getset file" +
+                                                    (missing.dir / "Genset.txt").string()});
+
+    // Rows without a line keep their defaults; the first blank line ends the file.
+    const std::string short_file = "7 100 40\n\n7 110 41\n";
+    Read partial(model, &short_file);
+    EXPECT_TRUE(partial.ok);
+    ASSERT_EQ(partial.tables.LOADCASEGENSET_TABLE.size(), 2);
+    EXPECT_EQ(partial.tables.LOADCASEGENSET_TABLE(2).DIESELID, 0);
+
+    const std::string bad = "7 100 40\n7 110\n";
+    Read unreadable(model, &bad);
+    EXPECT_FALSE(unreadable.ok);
+    EXPECT_EQ(unreadable.log,
+              std::vector<std::string>{
+                  at("Error occurs when reading \"DieselId, PressureMax, PressureComp\" in genset file line ", 2)});
+
+    const std::string too_long = "7 100 40\n7 110 41\n7 120 42\n";
+    Read overfull(model, &too_long);
+    EXPECT_FALSE(overfull.ok);
+    EXPECT_EQ(overfull.log, std::vector<std::string>{at("Error occurs when reading genset file line ", 3) +
+                                                     " : more lines than the 2 rows of load cases by diesel engines"});
+}
+
+}  // namespace
+}  // namespace qm
