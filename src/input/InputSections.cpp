@@ -2,6 +2,7 @@
 
 #include "input/ComponentSpeedRatios.h"
 #include "input/LoadCaseInput.h"
+#include "input/SectionsDampersCouplings.h"
 #include "input/SectionsMachines.h"
 #include "input/ValueReader.h"
 
@@ -62,6 +63,12 @@ std::array<SectionReader, NKINDS> section_readers() {
     std::array<SectionReader, NKINDS> readers{};
     readers[INERTIA] = SECTION_INERTIA;
     readers[SHAFT] = SECTION_SHAFT;
+    readers[VISCOUSDAMPER] = SECTION_VISCOUSDAMPER;
+    readers[RUBBERDAMPER] = SECTION_RUBBERDAMPER;
+    readers[STEELSPRINGDAMPER] = SECTION_STEELSPRINGDAMPER;
+    readers[LINEARCOUPLING] = SECTION_LINEARCOUPLING;
+    readers[PROGRESSIVECOUPLING] = SECTION_PROGRESSIVECOUPLING;
+    readers[GEISLINGERCOUPLING] = SECTION_GEISLINGERCOUPLING;
     readers[ELECTRICMOTOR] = SECTION_ELECTRICMOTOR;
     readers[GENERATOR] = SECTION_GENERATOR;
     readers[CENTRIFUGALPUMP] = SECTION_CENTRIFUGALPUMP;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "../TestSupport.h"
+#include "ReadModel.h"
 #include "frame/GlobalParameter.h"
 #include "frame/Log.h"
 #include "input/ImportInputFile.h"
@@ -14,20 +14,7 @@ const std::string TWO_MASSES =
     "INERTIA 2 1,0 300 0 0\n"
     "SHAFT 1 1 2 1.0 2.5E8 0 30 300 100 0 0\n";
 
-// Reads `model` with the result directory in a scratch folder.
-struct Read {
-    test::ScratchDir dir;
-    ModelTables tables;
-    bool ok = false;
-    std::vector<std::string> log;
-
-    explicit Read(const std::string& model) {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
-        test::write_file(dir / "model.qmk", model);
-        IMPORTINPUTFILE::READINPUTFILE((dir / "model.qmk").string(), tables, ok);
-        log = test::read_lines(dir / "Quillmark.log");
-    }
-};
+using Read = test::ReadModel;
 
 std::string line_message(const std::string& message, int line) { return LOG::with_line_number(message, line); }
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "../TestSupport.h"
+#include "ReadModel.h"
 #include "frame/Constants.h"
 #include "frame/GlobalParameter.h"
 #include "frame/Log.h"
@@ -12,20 +12,7 @@
 namespace qm {
 namespace {
 
-// Reads `model` from a file in a scratch folder, which is also the result directory.
-struct Model {
-    test::ScratchDir dir;
-    ModelTables tables;
-    bool ok = false;
-    std::vector<std::string> log;
-
-    explicit Model(const std::string& model) {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
-        test::write_file(dir / "model.qmk", model);
-        IMPORTINPUTFILE::READINPUTFILE((dir / "model.qmk").string(), tables, ok);
-        log = test::read_lines(dir / "Quillmark.log");
-    }
-};
+using Model = test::ReadModel;
 
 std::string joined(const std::vector<std::string>& lines) {
     std::string text;
@@ -33,9 +20,7 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-std::string message(const std::string& items, int line) {
-    return LOG::with_line_number("Error occurs when reading \"" + items + "\" in input file line ", line);
-}
+std::string message(const std::string& items, int line) { return test::read_error(items, line); }
 
 // Two lines of inertias stand before every section below, so section line k is file line k + 2.
 const std::string MASSES = "INERTIA 11 2,5 10 0 0\nINERTIA 12 1 10 0 0\n";
