@@ -60,7 +60,8 @@ std::vector<std::size_t> leading(std::size_t n, std::size_t count, Key key) {
 
 std::string order_text(double q) {
     const double rounded = std::round(q * 2.0) / 2.0;
-    return fmt::F(rounded, 5, std::fabs(rounded - std::round(rounded)) > 0.0 ? 1 : 0);
+    if (rounded == std::round(rounded)) return fmt::I(static_cast<long long>(rounded), 4);
+    return fmt::F(rounded, 4, 1);
 }
 
 }  // namespace
@@ -104,7 +105,9 @@ void print_free_vibration(std::ostream& out, const std::filesystem::path& model,
         for (std::size_t e = 0; e < ndiesel; ++e) {
             const std::size_t block = (e * nmode + m) * norder;
             out << "    engine " << e + 1 << " orders:";
-            for (std::size_t o : leading(norder, LEADING, [&](std::size_t i) { return vsum[block + i]; })) {
+            // Sums equal but for rounding list the lower order first.
+            auto strength = [&](std::size_t i) { return std::round(vsum[block + i] * 1e9); };
+            for (std::size_t o : leading(norder, LEADING, strength)) {
                 // The order follows from the speed where it meets the mode: rpm = w*30/pi/q.
                 const double q = vrpm[block + o] != 0.0 ? w * RPM_PER_RAD_PER_S / vrpm[block + o] : 0.0;
                 out << "  " << order_text(q) << " (" << fmt::F(vsum[block + o], 5, 3) << ") at"
