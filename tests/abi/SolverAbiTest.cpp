@@ -159,5 +159,22 @@ TEST_F(SharedLibrary, UnusableDirectoriesEndTheCallWithoutHarm) {
     EXPECT_EQ(log[0], "error occurs when accessing the input file" + dir.str() + "/missing.qmk");
 }
 
+TEST_F(SharedLibrary, GarbageBinaryEmptyAndHugeInputsEndWithAVerdictNotACrash) {
+    test::ScratchDir dir;
+    std::string binary;
+    for (int i = 0; i < 65536; ++i) binary += static_cast<char>((i * 7919 + 13) % 256);
+    test::write_file(dir / "binary.qmk", binary);
+    test::write_file(dir / "empty.qmk", "");
+    test::write_file(dir / "huge.qmk", "DIESEL " + std::string(10 * 1024 * 1024, '7') + "\n");
+    test::write_file(dir / "words.qmk", "PROPELLER x\nLOADCASE\nRPM DIESEL\n");
+    for (const char* name : {"binary.qmk", "empty.qmk", "huge.qmk", "words.qmk"}) {
+        const int32_t valid = run(dir.str(), name, dir.str(), 3);
+        EXPECT_TRUE(valid == 0 || valid == 1) << name;
+        EXPECT_TRUE(std::filesystem::exists(dir / "Quillmark.log")) << name;
+    }
+    EXPECT_EQ(run(dir.str(), "huge.qmk", dir.str(), 3), 0);  // an Id that does not fit 32 bits
+    EXPECT_EQ(run(dir.str(), "words.qmk", dir.str(), 3), 0);
+}
+
 }  // namespace
 }  // namespace qm
