@@ -4,6 +4,7 @@
 
 #include "frame/GlobalParameter.h"
 #include "frame/Model.h"
+#include "input/DataChecking.h"
 #include "input/ImportInputFile.h"
 #include "input/StringOperation.h"
 #include "input/SystemInfo.h"
@@ -41,6 +42,7 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
     bool ISSUCCESS = false;
     int ISINPUTVALID = 0;
     IMPORTINPUTFILE::READINPUTFILE(FILENAME, tables, ISSUCCESS);
+    if (ISSUCCESS) IMPORTINPUTFILE::DATACHECKING(ISSUCCESS, tables, CALCULATIONTYPE);
     if (ISSUCCESS) {
         ISINPUTVALID = 1;
         IMPORTINPUTFILE::OUTPUTSYSTEMINFO(tables);
