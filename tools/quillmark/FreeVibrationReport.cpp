@@ -99,7 +99,7 @@ void print_free_vibration(std::ostream& out, const std::filesystem::path& model,
         const double* d = &deflection[m * nmass];
         out << "    inertias:";
         for (std::size_t r : leading(nmass, LEADING, [&](std::size_t i) { return std::fabs(d[i]); }))
-            out << "  ID " << ids[r] << " " << fmt::F(d[r], 8, 3);
+            out << "  ID " << ids[r] << " " << (std::fabs(d[r]) < 1.0e4 ? fmt::F(d[r], 8, 3) : fmt::ES(d[r], 10, 3));
         out << "\n";
         if (!engines) continue;
         for (std::size_t e = 0; e < ndiesel; ++e) {
