@@ -159,6 +159,23 @@ TEST_F(SharedLibrary, UnusableDirectoriesEndTheCallWithoutHarm) {
     EXPECT_EQ(log[0], "error occurs when accessing the input file" + dir.str() + "/missing.qmk");
 }
 
+TEST_F(SharedLibrary, ExampleModelsGiveTheFullSetOfFreeVibrationFilesTwiceAlike) {
+    const std::vector<std::string> files = {"NaturalFrequency.bin", "RelativeDeflection.bin", "RelativeTorque.bin",
+                                            "VectorSum.bin",        "VectorSumRpm.bin",       "VectorSumAngle.bin",
+                                            "SystemInfo.bin",       "Overview.txt",           "Quillmark.log"};
+    for (const char* model : {"two-stroke-main-engine.qmk", "geared-four-stroke/geared-four-stroke.qmk"}) {
+        const std::filesystem::path path = std::filesystem::path(QM_EXAMPLES_DIR) / model;
+        test::ScratchDir first, second;
+        ASSERT_EQ(run(path.parent_path().string(), path.filename().string(), first.str(), 1), 1) << model;
+        ASSERT_EQ(run(path.parent_path().string(), path.filename().string(), second.str(), 1), 1) << model;
+        for (const std::string& file : files) {
+            ASSERT_TRUE(std::filesystem::exists(first / file)) << model << " " << file;
+            EXPECT_EQ(test::read_file(first / file), test::read_file(second / file)) << model << " " << file;
+        }
+        EXPECT_EQ(test::read_file(first / "Quillmark.log"), "") << model;
+    }
+}
+
 TEST_F(SharedLibrary, GarbageBinaryEmptyAndHugeInputsEndWithAVerdictNotACrash) {
     test::ScratchDir dir;
     std::string binary;
