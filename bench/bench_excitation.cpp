@@ -9,7 +9,7 @@
 #include "excitation/DiscreteFourierTransform.h"
 #include "excitation/PressureFourierCoefficients.h"
 #include "excitation/TheoreticalPressure.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace {
 

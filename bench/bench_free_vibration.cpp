@@ -2,7 +2,7 @@
 // and the frequencies, as one free calculation does them.
 #include <benchmark/benchmark.h>
 
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 #include "matrices/FreeUndampedVibrations.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"
 

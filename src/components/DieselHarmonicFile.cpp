@@ -1,8 +1,8 @@
 #include "components/DieselHarmonicFile.h"
 
 #include "components/HarmonicFile.h"
-#include "frame/Constants.h"
-#include "input/StringOperation.h"
+#include "base/Constants.h"
+#include "base/StringOperation.h"
 
 namespace qm::GLOBAL_DIESEL {
 

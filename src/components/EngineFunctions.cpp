@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace qm::ENGINE_FUNCTIONS {
 

@@ -1,6 +1,6 @@
 #include "components/GlobalCentrifugalPump.h"
 
-#include "frame/Truncate.h"
+#include "base/Truncate.h"
 #include <cmath>
 
 namespace qm::GLOBAL_CENTRIFUGALPUMP {

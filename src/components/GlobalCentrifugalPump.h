@@ -3,7 +3,7 @@
 // torque.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 #include <array>
 

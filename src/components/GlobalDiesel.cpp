@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "components/EngineFunctions.h"
-#include "frame/Constants.h"
-#include "frame/GlobalParameter.h"
+#include "base/Constants.h"
+#include "base/GlobalParameter.h"
 
 namespace qm::GLOBAL_DIESEL {
 

@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "components/GlobalLoadCaseGenset.h"
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

@@ -4,7 +4,7 @@
 // excitation is constant (a frequency converter running at a fixed frequency).
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 #include <array>
 

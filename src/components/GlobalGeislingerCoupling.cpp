@@ -1,7 +1,7 @@
 #include "components/GlobalGeislingerCoupling.h"
 
-#include "frame/Constants.h"
-#include "frame/GlobalParameter.h"
+#include "base/Constants.h"
+#include "base/GlobalParameter.h"
 
 namespace qm::GLOBAL_GEISLINGERCOUPLING {
 

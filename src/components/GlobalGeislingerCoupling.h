@@ -4,7 +4,7 @@
 // A coupling sits on one shaft element of SHAFT_TABLE.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

@@ -2,7 +2,7 @@
 // whole-number orders, each with a torque given as a fraction of its load-case torque.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 #include <array>
 

@@ -2,7 +2,7 @@
 // one shaft element of SHAFT_TABLE and gives that element its stiffness.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

@@ -7,7 +7,7 @@
 // (DEALLOCATE_LOADCASE_TABLE).
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

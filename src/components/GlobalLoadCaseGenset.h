@@ -8,7 +8,7 @@
 // and deallocate() (ALLOCATE_/DEALLOCATE_LOADCASEGENSET_TABLE).
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

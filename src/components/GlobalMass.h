@@ -1,7 +1,7 @@
 // Module GLOBAL_MASS: the inertias of the shaft line (one row per INERTIA line).
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

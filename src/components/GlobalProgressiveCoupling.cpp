@@ -1,6 +1,6 @@
 #include "components/GlobalProgressiveCoupling.h"
 
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace qm::GLOBAL_PROGRESSIVECOUPLING {
 

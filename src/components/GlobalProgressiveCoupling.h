@@ -4,7 +4,7 @@
 // SHAFT_TABLE.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 #include <array>
 

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <limits>
 
-#include "frame/Constants.h"
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
+#include "base/Constants.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
 
 namespace qm::GLOBAL_PROPELLER {
 

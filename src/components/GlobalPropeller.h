@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

@@ -1,8 +1,8 @@
 #include "components/GlobalReciprocatingPump.h"
 
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
-#include "frame/Truncate.h"
+#include "base/Truncate.h"
 #include <cmath>
 
 namespace qm::GLOBAL_RECIPROCATINGPUMP {

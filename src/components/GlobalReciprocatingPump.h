@@ -5,7 +5,7 @@
 // tangential pressure components over speed percentage.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 #include <array>
 #include <complex>

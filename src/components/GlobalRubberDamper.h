@@ -2,7 +2,7 @@
 // rubber spring. The two are inertias of MASS_TABLE.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

@@ -1,7 +1,7 @@
 // Module GLOBAL_SHAFT: the shaft elements joining the inertias (one row per SHAFT line).
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 // load cases and excites nothing, so it has no operation beyond its row count and lookup.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

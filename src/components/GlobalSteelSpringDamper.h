@@ -2,7 +2,7 @@
 // inner member by leaf springs in oil. The two members are inertias of MASS_TABLE.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

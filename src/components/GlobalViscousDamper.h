@@ -2,7 +2,7 @@
 // The ring and the casing are two inertias of MASS_TABLE joined by the damper's spring.
 #pragma once
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 #include <string>
 #include <vector>

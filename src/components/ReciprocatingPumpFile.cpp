@@ -1,8 +1,8 @@
 #include "components/ReciprocatingPumpFile.h"
 
 #include "components/HarmonicFile.h"
-#include "frame/Constants.h"
-#include "input/StringOperation.h"
+#include "base/Constants.h"
+#include "base/StringOperation.h"
 
 namespace qm::GLOBAL_RECIPROCATINGPUMP {
 

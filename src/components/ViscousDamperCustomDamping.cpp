@@ -3,11 +3,11 @@
 #include <fstream>
 #include <string>
 
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
-#include "input/InputReader.h"
-#include "input/StringOperation.h"
-#include "input/ValueReader.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
+#include "base/TextLine.h"
+#include "base/StringOperation.h"
+#include "base/ValueReader.h"
 
 namespace qm::GLOBAL_VISCOUSDAMPER {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace qm::DFT {
 

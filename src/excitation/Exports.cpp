@@ -9,7 +9,7 @@
 #include "excitation/OscillatingMassFourierCoefficients.h"
 #include "excitation/PressureFourierCoefficients.h"
 #include "excitation/TheoreticalCylinderPressure.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 #include "quillmark/quillmark.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <vector>
 
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace qm::THEORETICALPRESSURE {
 

@@ -3,7 +3,7 @@
 #include <iostream>
 #include <string>
 
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 #include "frame/QuillmarkSolver.h"
 #include "quillmark/quillmark.h"
 

@@ -2,11 +2,11 @@
 
 #include <iostream>
 
-#include "frame/GlobalParameter.h"
-#include "frame/Model.h"
+#include "base/GlobalParameter.h"
+#include "components/ModelTables.h"
 #include "input/DataChecking.h"
 #include "input/ImportInputFile.h"
-#include "input/StringOperation.h"
+#include "base/StringOperation.h"
 #include "input/SystemInfo.h"
 #include "matrices/FreeVibration.h"
 

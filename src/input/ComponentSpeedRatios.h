@@ -8,7 +8,7 @@
 // the missing node.
 #pragma once
 
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 
 namespace qm::IMPORTINPUTFILE {
 

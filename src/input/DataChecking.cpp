@@ -10,14 +10,14 @@
 #include "components/PropellerSideFiles.h"
 #include "components/ReciprocatingPumpFile.h"
 #include "components/ViscousDamperCustomDamping.h"
-#include "frame/Constants.h"
-#include "frame/Format.h"
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
-#include "frame/Truncate.h"
+#include "base/Constants.h"
+#include "base/Format.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
+#include "base/Truncate.h"
 #include "input/GraphTheory.h"
 #include "input/ImportInputFile.h"
-#include "input/StringOperation.h"
+#include "base/StringOperation.h"
 
 namespace qm::IMPORTINPUTFILE {
 

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 
 namespace qm::IMPORTINPUTFILE {
 

@@ -8,7 +8,7 @@
 #include "components/GlobalMass.h"
 #include "components/GlobalPropeller.h"
 #include "components/GlobalShaft.h"
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm::GRAPHTHEORY {
 

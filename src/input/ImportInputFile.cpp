@@ -6,23 +6,13 @@
 #include <fstream>
 #include <iostream>
 
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
 #include "input/InputReader.h"
 #include "input/InputSections.h"
-#include "input/StringOperation.h"
+#include "base/StringOperation.h"
 
 namespace qm {
-
-bool read_text_line(std::istream& in, std::string& line) {
-    if (!std::getline(in, line)) {
-        line.assign(LINE_LENGTH, ' ');
-        return false;
-    }
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    line.resize(LINE_LENGTH, ' ');
-    return true;
-}
 
 bool InputReader::next_line() {
     ++line_counter;

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 
 namespace qm::IMPORTINPUTFILE {
 

@@ -4,7 +4,7 @@
 #include "input/LoadCaseInput.h"
 #include "input/SectionsDampersCouplings.h"
 #include "input/SectionsMachines.h"
-#include "input/ValueReader.h"
+#include "base/ValueReader.h"
 
 namespace qm::IMPORTINPUTFILE {
 

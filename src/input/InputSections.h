@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 #include "input/InputReader.h"
 
 namespace qm::IMPORTINPUTFILE {

@@ -4,12 +4,12 @@
 #include <fstream>
 #include <string_view>
 
-#include "frame/Format.h"
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
+#include "base/Format.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
 #include "input/ImportInputFile.h"
-#include "input/StringOperation.h"
-#include "input/ValueReader.h"
+#include "base/StringOperation.h"
+#include "base/ValueReader.h"
 
 namespace qm::IMPORTINPUTFILE {
 

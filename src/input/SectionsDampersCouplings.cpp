@@ -7,8 +7,8 @@
 #include "components/GlobalProgressiveCoupling.h"
 #include "components/GlobalShaft.h"
 #include "input/SectionsMachines.h"
-#include "input/StringOperation.h"
-#include "input/ValueReader.h"
+#include "base/StringOperation.h"
+#include "base/ValueReader.h"
 
 namespace qm::IMPORTINPUTFILE {
 

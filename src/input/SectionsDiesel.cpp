@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "input/SectionsMachines.h"
-#include "input/ValueReader.h"
+#include "base/ValueReader.h"
 
 namespace qm::IMPORTINPUTFILE {
 

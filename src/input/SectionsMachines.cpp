@@ -3,10 +3,10 @@
 #include <array>
 #include <filesystem>
 
-#include "frame/Constants.h"
-#include "frame/GlobalParameter.h"
-#include "input/StringOperation.h"
-#include "input/ValueReader.h"
+#include "base/Constants.h"
+#include "base/GlobalParameter.h"
+#include "base/StringOperation.h"
+#include "base/ValueReader.h"
 
 namespace qm::IMPORTINPUTFILE {
 

@@ -11,7 +11,7 @@
 
 #include <string>
 
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 #include "input/InputReader.h"
 
 namespace qm::IMPORTINPUTFILE {

@@ -19,9 +19,9 @@
 #include "components/GlobalSteamTurbine.h"
 #include "components/GlobalSteelSpringDamper.h"
 #include "components/GlobalViscousDamper.h"
-#include "frame/BinFile.h"
-#include "frame/Format.h"
-#include "frame/GlobalParameter.h"
+#include "base/BinFile.h"
+#include "base/Format.h"
+#include "base/GlobalParameter.h"
 
 namespace qm::IMPORTINPUTFILE {
 

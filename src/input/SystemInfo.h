@@ -2,7 +2,7 @@
 // and the firing status of every cylinder ("Overview.txt").
 #pragma once
 
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 
 namespace qm::IMPORTINPUTFILE {
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "frame/Constants.h"
-#include "frame/Format.h"
+#include "base/Constants.h"
+#include "base/Format.h"
 #include "numerics/Lapack.h"
 
 namespace qm::EIGENVALUESOLVER {

@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm::EIGENVALUESOLVER {
 

@@ -1,7 +1,7 @@
 #include "matrices/FreeVibration.h"
 
-#include "frame/BinFile.h"
-#include "frame/GlobalParameter.h"
+#include "base/BinFile.h"
+#include "base/GlobalParameter.h"
 #include "matrices/FreeUndampedVibrations.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"
 #include "matrices/RelativeResults.h"

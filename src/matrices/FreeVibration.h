@@ -2,7 +2,7 @@
 // result files of the natural frequencies and mode shapes.
 #pragma once
 
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 
 namespace qm::FREEVIBRATION {
 

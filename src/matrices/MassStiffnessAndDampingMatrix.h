@@ -3,8 +3,8 @@
 // the square of each element's speed ratio.
 #pragma once
 
-#include "frame/Model.h"
-#include "frame/Table.h"
+#include "components/ModelTables.h"
+#include "base/Table.h"
 
 namespace qm {
 

@@ -5,9 +5,9 @@
 
 #include "components/GlobalMass.h"
 #include "components/GlobalShaft.h"
-#include "frame/BinFile.h"
-#include "frame/Constants.h"
-#include "frame/GlobalParameter.h"
+#include "base/BinFile.h"
+#include "base/Constants.h"
+#include "base/GlobalParameter.h"
 
 namespace qm::FREEVIBRATION {
 

@@ -3,8 +3,8 @@
 // torsional vibration report shows beside each natural frequency.
 #pragma once
 
-#include "frame/Model.h"
-#include "frame/Table.h"
+#include "components/ModelTables.h"
+#include "base/Table.h"
 
 namespace qm::FREEVIBRATION {
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "components/GlobalGeislingerCoupling.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 using namespace qm;
 using namespace qm::GLOBAL_GEISLINGERCOUPLING;

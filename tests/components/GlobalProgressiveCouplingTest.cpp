@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "components/GlobalProgressiveCoupling.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 using namespace qm;
 using namespace qm::GLOBAL_PROGRESSIVECOUPLING;

@@ -10,8 +10,8 @@
 #include <string>
 
 #include "components/GlobalPropeller.h"
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
 
 using namespace qm;
 using namespace qm::GLOBAL_PROPELLER;

@@ -5,7 +5,7 @@
 #include <complex>
 
 #include "components/GlobalReciprocatingPump.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 using namespace qm;
 using namespace qm::GLOBAL_RECIPROCATINGPUMP;

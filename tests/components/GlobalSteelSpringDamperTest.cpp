@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "components/GlobalSteelSpringDamper.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 using namespace qm;
 using namespace qm::GLOBAL_STEELSPRINGDAMPER;

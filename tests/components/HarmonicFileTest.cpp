@@ -5,8 +5,8 @@
 #include "../TestSupport.h"
 #include "components/DieselHarmonicFile.h"
 #include "components/ReciprocatingPumpFile.h"
-#include "frame/Constants.h"
-#include "frame/GlobalParameter.h"
+#include "base/Constants.h"
+#include "base/GlobalParameter.h"
 
 namespace qm {
 namespace {

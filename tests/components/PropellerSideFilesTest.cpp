@@ -2,7 +2,7 @@
 
 #include "../TestSupport.h"
 #include "components/PropellerSideFiles.h"
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 
 namespace qm::GLOBAL_PROPELLER {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "../TestSupport.h"
 #include "components/ViscousDamperCustomDamping.h"
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 
 namespace qm::GLOBAL_VISCOUSDAMPER {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "excitation/CylinderExcitations.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace ce = qm::CYLINDEREXCITATIONS;
 

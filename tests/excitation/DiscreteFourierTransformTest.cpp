@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "excitation/DiscreteFourierTransform.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace dft = qm::DFT;
 using C = std::complex<double>;

@@ -9,7 +9,7 @@
 
 #include "components/EngineFunctions.h"
 #include "excitation/TheoreticalPressure.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "excitation/TheoreticalPressure.h"
-#include "frame/Constants.h"
+#include "base/Constants.h"
 
 namespace tp = qm::THEORETICALPRESSURE;
 

@@ -7,8 +7,8 @@
 #include <tuple>
 
 #include "../TestSupport.h"
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
 #include "input/ImportInputFile.h"
 
 namespace qm {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "ReadModel.h"
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
 #include "input/ImportInputFile.h"
 
 namespace qm {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "../TestSupport.h"
-#include "frame/GlobalParameter.h"
-#include "frame/Log.h"
+#include "base/GlobalParameter.h"
+#include "base/Log.h"
 #include "input/ImportInputFile.h"
 
 namespace qm::test {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "../TestSupport.h"
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 #include "frame/QuillmarkSolver.h"
 #include "input/SystemInfo.h"
 

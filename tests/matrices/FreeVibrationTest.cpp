@@ -4,7 +4,7 @@
 
 #include "../TestSupport.h"
 #include "components/GlobalMass.h"
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 #include "matrices/FreeUndampedVibrations.h"
 #include "matrices/FreeVibration.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"

@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "../TestSupport.h"
-#include "frame/Constants.h"
-#include "frame/GlobalParameter.h"
+#include "base/Constants.h"
+#include "base/GlobalParameter.h"
 #include "matrices/FreeVibration.h"
 #include "matrices/RelativeResults.h"
 

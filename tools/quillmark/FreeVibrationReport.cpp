@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "frame/Constants.h"
-#include "frame/Format.h"
+#include "base/Constants.h"
+#include "base/Format.h"
 #include "input/InputReader.h"
-#include "input/StringOperation.h"
-#include "input/ValueReader.h"
+#include "base/StringOperation.h"
+#include "base/ValueReader.h"
 
 namespace qm::cli {
 

@@ -8,8 +8,8 @@
 #include <iostream>
 #include <vector>
 
-#include "frame/Constants.h"
-#include "frame/Format.h"
+#include "base/Constants.h"
+#include "base/Format.h"
 #include "quillmark/quillmark.h"
 
 namespace qm::cli {

@@ -1,4 +1,4 @@
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 
 #include <cmath>
 
@@ -20,14 +20,18 @@ std::string left_adjusted_trimmed(const std::string& text) {
 
 const std::string& RESULTFILEDIR() { return result_directory; }
 
-void SETRESULTFILEDIR(const std::string& DIRNAME, int length) {
+std::string result_directory_of(const std::string& DIRNAME, int length) {
     std::string dir = DIRNAME.substr(0, length > 0 ? static_cast<std::size_t>(length) : 0U);
     if (dir.size() > static_cast<std::size_t>(FILENAME_LENGTH)) dir.resize(FILENAME_LENGTH);
     // Blanks around the directory are no part of it: a length that runs past the
     // directory's characters leaves nothing behind them.
     dir = left_adjusted_trimmed(dir);
     if (dir.empty() || dir.back() != SEPARATOR) dir += SEPARATOR;
-    result_directory = dir;
+    return dir;
+}
+
+void SETRESULTFILEDIR(const std::string& DIRNAME, int length) {
+    result_directory = result_directory_of(DIRNAME, length);
 }
 
 std::string FILEFULLADDRESS(const std::string& FILEDIR, const std::string& FILENAME) {

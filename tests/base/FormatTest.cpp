@@ -3,7 +3,7 @@
 // the field exactly as Fortran lays it out.
 #include <gtest/gtest.h>
 
-#include "frame/Format.h"
+#include "base/Format.h"
 
 #include <limits>
 

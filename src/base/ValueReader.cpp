@@ -1,4 +1,4 @@
-#include "input/ValueReader.h"
+#include "base/ValueReader.h"
 
 #include <cerrno>
 #include <climits>

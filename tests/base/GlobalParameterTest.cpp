@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 
 namespace qm::GLOBAL_PARAMETER {
 namespace {

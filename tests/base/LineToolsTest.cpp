@@ -1,8 +1,8 @@
 // The line tools and the free-format value reader every section relies on.
 #include <gtest/gtest.h>
 
-#include "input/StringOperation.h"
-#include "input/ValueReader.h"
+#include "base/StringOperation.h"
+#include "base/ValueReader.h"
 
 namespace qm {
 namespace {

@@ -1,9 +1,9 @@
-#include "frame/BinFile.h"
+#include "base/BinFile.h"
 
 #include <bit>
 #include <utility>
 
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 
 namespace qm {
 

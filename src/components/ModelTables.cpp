@@ -1,4 +1,4 @@
-#include "frame/Model.h"
+#include "components/ModelTables.h"
 
 namespace qm {
 

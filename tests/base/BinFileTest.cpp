@@ -5,8 +5,8 @@
 #include <fstream>
 #include <vector>
 
-#include "frame/BinFile.h"
-#include "frame/Table.h"
+#include "base/BinFile.h"
+#include "base/Table.h"
 
 namespace qm {
 namespace {

@@ -1,4 +1,4 @@
-#include "input/StringOperation.h"
+#include "base/StringOperation.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "frame/Log.h"
+#include "base/Log.h"
 
 #include <cstdio>
 
-#include "frame/GlobalParameter.h"
+#include "base/GlobalParameter.h"
 
 namespace qm::LOG {
 

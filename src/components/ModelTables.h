@@ -20,7 +20,7 @@
 #include "components/GlobalSteamTurbine.h"
 #include "components/GlobalSteelSpringDamper.h"
 #include "components/GlobalViscousDamper.h"
-#include "frame/Table.h"
+#include "base/Table.h"
 
 namespace qm {
 

@@ -19,6 +19,9 @@ const std::string& RESULTFILEDIR();
 // behind them when they don't end in one, the result directory.
 void SETRESULTFILEDIR(const std::string& DIRNAME, int length);
 
+// The result directory that SETRESULTFILEDIR makes of DIRNAME and length.
+std::string result_directory_of(const std::string& DIRNAME, int length);
+
 // FILEDIR joined with FILENAME: trimmed directory, a separator unless the directory ends
 // in one, then the trimmed, left-adjusted name.
 std::string FILEFULLADDRESS(const std::string& FILEDIR, const std::string& FILENAME);
