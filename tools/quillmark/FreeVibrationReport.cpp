@@ -1,52 +1,21 @@
 #include "FreeVibrationReport.h"
 
+#include "ModelFile.h"
+
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <numeric>
 #include <string>
 #include <vector>
 
 #include "base/Constants.h"
 #include "base/Format.h"
-#include "input/InputReader.h"
-#include "base/StringOperation.h"
-#include "base/ValueReader.h"
 
 namespace qm::cli {
 
 namespace {
 
 constexpr std::size_t LEADING = 3;  // inertias and orders shown per mode
-
-std::vector<double> records(const std::filesystem::path& file) {
-    std::vector<double> values;
-    std::ifstream in(file, std::ios::binary);
-    double v = 0.0;
-    while (in.read(reinterpret_cast<char*>(&v), sizeof v)) values.push_back(v);
-    return values;
-}
-
-// The IDs of the INERTIA lines in file order: row r of the inertia table has ID ids[r-1].
-std::vector<int> inertia_ids(const std::filesystem::path& model) {
-    std::vector<int> ids;
-    std::ifstream in(model, std::ios::binary);
-    std::string line;
-    while (read_text_line(in, line)) {
-        STRINGOPERATION::STRINGDELETETAB(line);
-        std::string word = line;
-        STRINGOPERATION::STRINGFIRSTWORD(word);
-        STRINGOPERATION::STRINGUPCASE(word);
-        word = STRINGOPERATION::trimmed(word);
-        if (word == "LOADCASE") break;
-        if (word != "INERTIA") continue;
-        STRINGOPERATION::STRINGWITHOUTFIRSTWORD(line);
-        int id = 0;
-        ValueReader(line).read(id);
-        ids.push_back(id);
-    }
-    return ids;
-}
 
 // Indices 0..n-1 of the `count` largest values of key(i), largest first.
 template <class Key>
@@ -78,7 +47,7 @@ void print_free_vibration(std::ostream& out, const std::filesystem::path& model,
 
     const std::vector<double> deflection = records(results / "RelativeDeflection.bin");
     const std::vector<double> info = records(results / "SystemInfo.bin");
-    const std::vector<int> ids = inertia_ids(model);
+    const std::vector<int> ids = section_ids(model, "INERTIA");
     const std::size_t nmode = omega.size() - 1;
     if (nmode == 0 || ids.empty() || deflection.size() != nmode * ids.size()) return;
     const std::size_t nmass = ids.size();
