@@ -92,7 +92,7 @@ void ISDESNODELOCATEDONPROPELLERSHAFT(const PropellerTable& PROPELLER_TABLE, int
 
 namespace qm::IMPORTINPUTFILE {
 
-Array2D<int> mass_shaft_graph(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE) {
+Array2D<int> mass_shaft_graph(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, bool directed) {
     const int N = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
     Array2D<int> ADJNODE;
     ADJNODE.allocate(N, N);
@@ -101,7 +101,7 @@ Array2D<int> mass_shaft_graph(const MassTable& MASS_TABLE, const ShaftTable& SHA
         const int j = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, SHAFT_TABLE(s).DESNODE);
         if (i == 0 || j == 0) continue;
         ADJNODE(i, j) = 1;
-        ADJNODE(j, i) = 1;
+        if (!directed) ADJNODE(j, i) = 1;
     }
     return ADJNODE;
 }

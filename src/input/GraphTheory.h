@@ -33,8 +33,8 @@ void ISDESNODELOCATEDONPROPELLERSHAFT(const PropellerTable& PROPELLER_TABLE, int
 namespace qm::IMPORTINPUTFILE {
 
 // The graph of the tables: node i is row i of MASS_TABLE; a shaft whose end is not in the
-// table gives no edge.
-Array2D<int> mass_shaft_graph(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE);
+// table gives no edge. A directed graph has only (origin, destination) set for each shaft.
+Array2D<int> mass_shaft_graph(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, bool directed = false);
 
 // Connection test of the tables' graph, and the cycle test when it is connected (false
 // otherwise).
