@@ -1,10 +1,14 @@
 #include "matrices/MassStiffnessAndDampingMatrix.h"
 
+#include "base/ComponentCodes.h"
+#include "components/GlobalDiesel.h"
+#include "components/GlobalGeislingerCoupling.h"
 #include "components/GlobalMass.h"
 #include "components/GlobalShaft.h"
 #include "components/GlobalLinearCoupling.h"
 #include "components/GlobalProgressiveCoupling.h"
 #include "components/GlobalPropeller.h"
+#include "components/ViscousDamperCustomDamping.h"
 
 namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX {
 
@@ -77,6 +81,9 @@ void CALCUALTEMASSSTIFFNESSMATRIXDIMENSION(bool free, const MassTable& MASS_TABL
 
 namespace {
 
+// A value referred to the reference shaft by the square of its speed ratio, (x*r)*r.
+double referred(double x, double r) { return x * r * r; }
+
 void allocate_zeroed(SystemMatrices& mx, int N, int NNZ) {
     mx.N = N;
     mx.NNZ = NNZ;
@@ -96,22 +103,84 @@ void allocate_zeroed(SystemMatrices& mx, int N, int NNZ) {
     }
 }
 
-void BUILDMASSANDMASSDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE, SystemMatrices& mx) {
+void BUILDMASSANDMASSDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE,
+                                   double order, SystemMatrices& mx) {
     int p = 0;
     for (int row = 1; row <= GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE); ++row) {
         const MassRecord& m = MASS_TABLE(row);
-        if (free && m.MASSTYPE == 3) continue;
+        if (free && m.MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
         ++p;
-        mx.M(p) = m.INERTIAEFFECTIVE * m.RPMRATIO * m.RPMRATIO;
+        const double r = m.RPMRATIO;
+        mx.M(p) = referred(m.INERTIAEFFECTIVE, r);
+        if (free) continue;
+
+        // A cylinder of an engine with formula damping takes the engine's damping at this
+        // order, whatever its own row says.
+        if (m.MASSTYPE == CODES::MASSTYPE_DIESELCYLINDER && m.COMPONENTTYPE == CODES::COMPONENT_DIESEL) {
+            const int e = GLOBAL_DIESEL::GET_DIESEL_IDIESEL(DIESEL_TABLE, m.COMPONENTID);
+            if (e >= 1 && DIESEL_TABLE(e).ISFORMULADAMPING) {
+                mx.CA(p) = referred(GLOBAL_DIESEL::CALCULATE_DIESEL_DAMPING_CYLINDER(DIESEL_TABLE, e, order), r);
+                continue;
+            }
+        }
+        // A magnifier of exactly 0.0 means the damping is given as a coefficient.
+        if (m.DYNMAGNIFIER == 0.0)
+            mx.CA(p) = referred(m.ABSDAMPING, r);
+        else
+            mx.CAR(p) = referred(m.INERTIAEFFECTIVE / m.DYNMAGNIFIER, r);
     }
 }
 
-void BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE,
-                                             const ShaftTable& SHAFT_TABLE, SystemMatrices& mx) {
+// Stiffness k, damping d and magnifier q of a shaft row in forced mode: elements whose
+// stiffness or damping follow the order replace the values of the row.
+struct ShaftValues {
+    double k;
+    double d;
+    double q;
+};
+
+ShaftValues forced_shaft_values(const ShaftRecord& s, const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
+                                const DieselTable& DIESEL_TABLE, const ViscousDamperTable& VISCOUSDAMPER_TABLE,
+                                double order) {
+    ShaftValues v{s.STIFFNESSDYNAMIC, s.ABSDAMPING, s.DYNMAGNIFIER};
+    if (s.SHAFTTYPE == CODES::SHAFTTYPE_GEISLINGERCOUPLING) {
+        // The coupling's magnifier goes into its own damping and never into CRR.
+        const int g = GLOBAL_GEISLINGERCOUPLING::GET_GEISLINGERCOUPLING_IGEISLINGERCOUPLING_SHAFTNODE(
+            GEISLINGERCOUPLING_TABLE, s.ID);
+        v.k = GLOBAL_GEISLINGERCOUPLING::CALCULATE_GEISLINGERCOUPLING_STIFFNESSDYNAMIC(GEISLINGERCOUPLING_TABLE, g,
+                                                                                      order);
+        v.d = GLOBAL_GEISLINGERCOUPLING::CALCULATE_GEISLINGERCOUPLING_DAMPING(GEISLINGERCOUPLING_TABLE, g, v.q,
+                                                                              order);
+        v.q = 0.0;
+    }
+    if (s.SHAFTTYPE == CODES::SHAFTTYPE_CRANKTHROW && s.COMPONENTTYPE == CODES::COMPONENT_DIESEL) {
+        const int e = GLOBAL_DIESEL::GET_DIESEL_IDIESEL(DIESEL_TABLE, s.COMPONENTID);
+        if (e >= 1 && DIESEL_TABLE(e).ISFORMULADAMPING) {
+            v.d = GLOBAL_DIESEL::CALCULATE_DIESEL_DAMPING_CRANKTHROW(DIESEL_TABLE, e, order);
+            v.q = 0.0;
+        }
+    }
+    if (s.SHAFTTYPE == CODES::SHAFTTYPE_VISCOUSDAMPERSPRING && s.COMPONENTTYPE == CODES::COMPONENT_VISCOUSDAMPER) {
+        const int dmp = GLOBAL_VISCOUSDAMPER::GET_VISCOUSDAMPER_IVISCOUSDAMPER(VISCOUSDAMPER_TABLE, s.COMPONENTID);
+        if (dmp >= 1 && VISCOUSDAMPER_TABLE(dmp).ISCUSTOMDAMPING) {
+            v.d = GLOBAL_VISCOUSDAMPER::CALCULATE_VISCOUSDAMPER_CUSTOMDAMPING(VISCOUSDAMPER_TABLE, dmp, order);
+            v.q = 0.0;
+            if (VISCOUSDAMPER_TABLE(dmp).ISCUSTOMSTIFFNESS)
+                v.k = GLOBAL_VISCOUSDAMPER::CALCULATE_VISCOUSDAMPER_CUSTOMSTIFFNESS(VISCOUSDAMPER_TABLE, dmp, order);
+        }
+    }
+    return v;
+}
+
+void BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
+                                             const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
+                                             const DieselTable& DIESEL_TABLE,
+                                             const ViscousDamperTable& VISCOUSDAMPER_TABLE, double order,
+                                             SystemMatrices& mx) {
     int c = 0;
     for (int row = 1; row <= GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE); ++row) {
         const ShaftRecord& s = SHAFT_TABLE(row);
-        if (free && s.SHAFTTYPE == 12) continue;
+        if (free && s.SHAFTTYPE == CODES::SHAFTTYPE_VISCOUSDAMPERSPRING) continue;
         // Free mode numbers the degrees of freedom without the rings; forced mode has one
         // per row of the table.
         const int i = free ? GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGSHAFT(MASS_TABLE, s.ORGNODE)
@@ -121,7 +190,10 @@ void BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(bool free, const MassTable& MASS_TA
         // A shaft to an inertia that is not in the table, or one more than a tree can hold,
         // has no place in the arrays; the data check reports both.
         if (i < 1 || j < 1 || mx.N + c + 2 > mx.NNZ) continue;
-        const double kr2 = s.STIFFNESSDYNAMIC * s.RPMRATIO * s.RPMRATIO;
+        const ShaftValues v = free ? ShaftValues{s.STIFFNESSDYNAMIC, 0.0, 0.0}
+                                   : forced_shaft_values(s, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE,
+                                                         VISCOUSDAMPER_TABLE, order);
+        const double kr2 = referred(v.k, s.RPMRATIO);
         mx.K(i) += kr2;
         mx.K(j) += kr2;
         ++c;
@@ -132,6 +204,16 @@ void BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(bool free, const MassTable& MASS_TA
         mx.ROWIND(mx.N + c) = j;
         mx.COLIND(mx.N + c) = i;
         mx.K(mx.N + c) = -kr2;
+        if (free) continue;
+
+        // Relative damping across the shaft in the pattern of K: as a coefficient (CR)
+        // when the magnifier is exactly 0.0, else as the loss k/q against stiffness (CRR).
+        Table<double>& C = v.q == 0.0 ? mx.CR : mx.CRR;
+        const double cr2 = referred(v.q == 0.0 ? v.d : v.k / v.q, s.RPMRATIO);
+        C(i) += cr2;
+        C(j) += cr2;
+        C(mx.N + c - 1) = -cr2;
+        C(mx.N + c) = -cr2;
     }
 }
 
@@ -143,15 +225,12 @@ void BUILDMASSSTIFFNESSANDDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE,
                                         const DieselTable& DIESEL_TABLE,
                                         const ViscousDamperTable& VISCOUSDAMPER_TABLE, double order,
                                         SystemMatrices& mx) {
-    (void)GEISLINGERCOUPLING_TABLE;
-    (void)DIESEL_TABLE;
-    (void)VISCOUSDAMPER_TABLE;
-    (void)order;
     int N = 0, NNZ = 0;
     CALCUALTEMASSSTIFFNESSMATRIXDIMENSION(free, MASS_TABLE, N, NNZ);
     allocate_zeroed(mx, N, NNZ);
-    BUILDMASSANDMASSDAMPINGMATRIX(free, MASS_TABLE, mx);
-    BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(free, MASS_TABLE, SHAFT_TABLE, mx);
+    BUILDMASSANDMASSDAMPINGMATRIX(free, MASS_TABLE, DIESEL_TABLE, order, mx);
+    BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(free, MASS_TABLE, SHAFT_TABLE, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE,
+                                            VISCOUSDAMPER_TABLE, order, mx);
 }
 
 }  // namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX

@@ -39,7 +39,14 @@ void MASSANDSHAFTTABLEPREPARATION(bool free, MassTable& MASS_TABLE, ShaftTable& 
 // N: rows of MASS_TABLE, without the viscous damper rings in free mode. NNZ = 3N - 2.
 void CALCUALTEMASSSTIFFNESSMATRIXDIMENSION(bool free, const MassTable& MASS_TABLE, int& N, int& NNZ);
 
-// Builds the arrays anew, zero-filled, and assembles them.
+// Builds the arrays anew, zero-filled, and assembles them. Free mode fills M and K only.
+// Forced mode (free = false) has every row of MASS_TABLE as a degree of freedom, the
+// damper rings included, and fills the damping arrays at the harmonic `order`: a row
+// with DYNMAGNIFIER exactly 0.0 puts its ABSDAMPING into CA (mass) or CR (shaft), any
+// other magnifier puts INERTIAEFFECTIVE/q into CAR or STIFFNESSDYNAMIC/q into CRR.
+// Cylinders and crank throws of engines with formula damping, Geislinger couplings and
+// viscous dampers with custom curves take their order-dependent values instead of the
+// row's. The tables must have been prepared for the load case first.
 void BUILDMASSSTIFFNESSANDDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE,
                                         const ShaftTable& SHAFT_TABLE,
                                         const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
