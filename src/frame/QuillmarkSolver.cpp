@@ -4,6 +4,7 @@
 
 #include "base/GlobalParameter.h"
 #include "components/ModelTables.h"
+#include "input/CouplingPower.h"
 #include "input/DataChecking.h"
 #include "input/ImportInputFile.h"
 #include "base/StringOperation.h"
@@ -45,6 +46,7 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
     if (ISSUCCESS) IMPORTINPUTFILE::DATACHECKING(ISSUCCESS, tables, CALCULATIONTYPE);
     if (ISSUCCESS) {
         ISINPUTVALID = 1;
+        if (runs_load_case_preparation(CALCULATIONTYPE)) IMPORTINPUTFILE::COUPLINGPOWERPREPARE(tables);
         IMPORTINPUTFILE::OUTPUTSYSTEMINFO(tables);
         IMPORTINPUTFILE::OUTPUTDIESELFIRINGSTATUS(tables.DIESEL_TABLE);
         if (runs_free_vibration(CALCULATIONTYPE))
