@@ -1,0 +1,38 @@
+// The forced vibration of one source unit in one load case: the whole shaft line is
+// referred to the unit's speed, prepared and assembled, the solver runs all orders at once,
+// and its answer becomes the deflection, velocity and acceleration of each mass and order.
+// One driver for all six kinds; what differs between them comes from SourceKinds.
+#pragma once
+
+#include <vector>
+
+#include "components/ModelTables.h"
+#include "forced/ForcedSolver.h"
+#include "forced/KindResults.h"
+#include "forced/SourceKinds.h"
+
+namespace qm::FORCEDVIBRATION {
+
+// Solves unit u of the kind in load case lc: fills the X, V, A blocks of unit u of `res`,
+// res.OMEGA[u-1], and EXFO (resized to res.NORDER). Returns the failure, routine 0 when none.
+// The RPMRATIO fields of MASS_TABLE and SHAFT_TABLE are divided by the ratio of the unit's
+// reference mass while it runs and restored before it returns, on every path; every
+// Geislinger coupling is left with SPEEDEXCITATION at the unit's speed.
+SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int lc,
+                                KindResults& res, std::vector<double>& EXFO);
+
+// The drivers of the six kinds by their system names.
+SolverFailure CALCULATE_DIESEL_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,
+                                               std::vector<double>& EXFO, int lc);
+SolverFailure CALCULATE_PROPELLER_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,
+                                                  std::vector<double>& EXFO, bool ISPROPELLERICE, int lc);
+SolverFailure CALCULATE_GENERATOR_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,
+                                                  std::vector<double>& EXFO, int lc);
+SolverFailure CALCULATE_CENTRIFUGALPUMP_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,
+                                                        std::vector<double>& EXFO, int lc);
+SolverFailure CALCULATE_RECIPROCATINGPUMP_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,
+                                                          std::vector<double>& EXFO, int lc);
+SolverFailure CALCULATE_ELECTRICMOTOR_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,
+                                                      std::vector<double>& EXFO, int lc);
+
+}  // namespace qm::FORCEDVIBRATION
