@@ -1,6 +1,7 @@
 // Small shaft lines for the tests of the forced calculation.
 #pragma once
 
+#include "base/ComponentCodes.h"
 #include "components/ModelTables.h"
 
 namespace qm::test {
@@ -39,6 +40,20 @@ inline ModelTables chain(int n, double inertia = 10.0, double k = 1.0e6) {
     for (int i = 1; i <= n; ++i) set_mass(t, i, i, inertia);
     for (int i = 1; i < n; ++i) set_shaft(t, i, i, i + 1, k);
     return t;
+}
+
+// A Geislinger coupling on shaft row `shaft` (ID = row), damped through its magnifier.
+inline void add_geislinger(ModelTables& t, int shaft, double stiffness, double speed) {
+    t.SHAFT_TABLE(shaft).SHAFTTYPE = CODES::SHAFTTYPE_GEISLINGERCOUPLING;
+    t.GEISLINGERCOUPLING_TABLE.allocate(1);
+    GeislingerCouplingRecord& g = t.GEISLINGERCOUPLING_TABLE(1);
+    g.ID = 1;
+    g.SHAFTNODE = shaft;
+    g.STATICSTIFFNESS = stiffness;
+    g.CHARACTERISTICFREQUENCY = 100.0;
+    g.NOMINALTORQUE = 1.0e4;
+    g.SPEEDEXCITATION = speed;
+    g.DAMPINGTYPE = GLOBAL_GEISLINGERCOUPLING::GENERALDAMPING;
 }
 
 }  // namespace qm::test
