@@ -106,9 +106,10 @@ SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_T
 
     for (int i = 1; i <= NORDER; ++i) {
         const double order = EXFO[i - 1];
-        // No machine excites at order 0: such a place lies behind the unit's orders in use
-        // and its response is zero, not a solve at w = 0.
-        if (order == 0.0) continue;
+        // Nothing vibrates at w = 0: an order place of order 0 lies behind the unit's orders
+        // in use, a speed of 0 is a standstill. The response there is zero, not a solve of
+        // the free line's singular stiffness.
+        if (OMEGA * order == 0.0) continue;
         if (rebuild) {
             MASSSTIFFNESSANDDAMPINGMATRIX::BUILDMASSSTIFFNESSANDDAMPINGMATRIX(
                 false, MASS_TABLE, SHAFT_TABLE, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE, VISCOUSDAMPER_TABLE, order,

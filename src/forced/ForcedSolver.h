@@ -70,8 +70,8 @@ double XANGLE_OF(double XRE, double XIM);
 bool DAMPINGDEPENDSONORDER(const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
                            const DieselTable& DIESEL_TABLE, const ViscousDamperTable& VISCOUSDAMPER_TABLE);
 
-// The loop over the orders. An order place whose EXFO is 0.0 (behind a machine's number of
-// orders) is not solved: its results stay 0.0.
+// The loop over the orders. An order place whose frequency OMEGA*EXFO is 0.0 (an order 0
+// behind a machine's number of orders, or a standstill) is not solved: its results stay 0.0.
 FORCEDVIBRATION::SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
                                            const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
                                            const DieselTable& DIESEL_TABLE,

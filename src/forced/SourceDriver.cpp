@@ -65,9 +65,8 @@ SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc
     const int nmass = std::min(N, res.NMASS);
     const std::size_t block = res.block(u, res.NMASS);
     for (int o = 1; o <= NORDER; ++o) {
-        const double order = ex.EXFO[static_cast<std::size_t>(o - 1)];
-        if (order == 0.0) continue;  // not solved: every result of the place stays 0.0
-        const double w = omega * order;
+        const double w = omega * ex.EXFO[static_cast<std::size_t>(o - 1)];
+        if (w == 0.0) continue;  // not solved: every result of the place stays 0.0
         for (int m = 1; m <= nmass; ++m) {
             const std::size_t s = static_cast<std::size_t>(o - 1) * static_cast<std::size_t>(N) + (m - 1);
             const std::size_t d = block + static_cast<std::size_t>(o - 1) * static_cast<std::size_t>(res.NMASS) + (m - 1);

@@ -92,6 +92,9 @@ TEST(ForcedSolver, ZeroOrderPlaceIsSkippedAndSingularSystemFails) {
     EXPECT_GT(s.XAMP[0], 0.0);
     EXPECT_EQ(std::vector<double>(s.XAMP.begin() + 2, s.XAMP.end()), std::vector<double>(2, 0.0));
     EXPECT_EQ(std::vector<double>(s.XANGLE.begin() + 2, s.XANGLE.end()), std::vector<double>(2, 0.0));
+    Solve standstill = solve(t, 0.0, {2.0}, {1}, {0.0}, {1.0});
+    EXPECT_EQ(standstill.failure.routine, 0);
+    EXPECT_EQ(standstill.XAMP, std::vector<double>(2, 0.0));
     // A zero inertia without damping is exactly singular: ZGETRF's INFO comes back up.
     Solve f = solve(test::chain(1, 0.0), 30.0, {1.0}, {1}, {0.0}, {1.0});
     EXPECT_EQ(f.failure.routine, FORCEDVIBRATION::ROUTINE_ZGETRF);
