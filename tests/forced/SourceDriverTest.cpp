@@ -101,13 +101,21 @@ TEST(SourceKinds, ExcitationOfPropellerAndFourOrderMachines) {
     EXPECT_EQ(ex.FOIM, (std::vector<double>{-2500.0, -0.0}));
     EXPECT_EQ(ex.EXFO, (std::vector<double>{4.0, 8.0}));
     EXPECT_EQ(ex.BASEORDER, 4.0);
+    // With ice in the model the orders are multiples of the shaft speed, and a propeller
+    // without ice of its own has zero excitation.
+    t.PROPELLER_TABLE(1).ICEFOURIERCOEFFICIENT[0] = {1.0, -2.0};
+    unit_excitation(PROPELLER, t, 1, true, 3, ex);
+    EXPECT_EQ(ex.FOIM, std::vector<double>(3, 0.0));
+    t.PROPELLER_TABLE(1).HASICEEXCITATION = true;
+    unit_excitation(PROPELLER, t, 1, true, 3, ex);
+    EXPECT_EQ(ex.EXFO, (std::vector<double>{1.0, 2.0, 3.0}));
+    EXPECT_EQ(ex.FOIM, (std::vector<double>{-2.0, 0.0, 0.0}));
+    EXPECT_EQ(ex.BASEORDER, 1.0);
 
     // Motor: orders kept with their fractions, the lowest of those in use is the base.
     t.ELECTRICMOTOR_TABLE.allocate(1);
+    t.ELECTRICMOTOR_TABLE(1) = {.SPEED = 1000.0, .MOTORORDER = {3.0, 1.5, 0.5, 7.0}, .CONSTEXCITATIONFREQ = 750.0};
     GLOBAL_ELECTRICMOTOR::SET_ELECTRICMOTOR_MOTORORDERNUMBER(t.ELECTRICMOTOR_TABLE, 1, 2);
-    GLOBAL_ELECTRICMOTOR::SET_ELECTRICMOTOR_MOTORORDER(t.ELECTRICMOTOR_TABLE, 1, 3.0, 1.5, 0.5, 7.0);
-    t.ELECTRICMOTOR_TABLE(1).SPEED = 1000.0;
-    t.ELECTRICMOTOR_TABLE(1).CONSTEXCITATIONFREQ = 750.0;
     unit_excitation(ELECTRICMOTOR, t, 1, false, 4, ex);
     EXPECT_EQ(ex.EXFO, (std::vector<double>{3.0, 1.5, 0.0, 0.0}));
     EXPECT_EQ(ex.BASEORDER, 1.5);
@@ -118,8 +126,7 @@ TEST(SourceKinds, ExcitationOfPropellerAndFourOrderMachines) {
 
     // The same orders on a generator are whole numbers.
     t.GENERATOR_TABLE.allocate(2);
-    t.GENERATOR_TABLE(1).GENERATORORDERNUMBER = 2;
-    GLOBAL_GENERATOR::SET_GENERATOR_GENERATORORDER(t.GENERATOR_TABLE, 1, 3.0, 1.5, 0.5, 7.0);
+    t.GENERATOR_TABLE(1) = {.GENERATORORDERNUMBER = 2, .GENERATORORDER = {3.0, 1.5, 0.5, 7.0}};
     unit_excitation(GENERATOR, t, 1, false, 4, ex);
     EXPECT_EQ(ex.EXFO, (std::vector<double>{3.0, 1.0, 0.0, 0.0}));
     EXPECT_EQ(ex.BASEORDER, 1.0);
