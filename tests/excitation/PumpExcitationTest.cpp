@@ -21,32 +21,18 @@ namespace {
 ReciprocatingPumpTable triplex() {
     ReciprocatingPumpTable table;
     table.allocate(1);
-    ReciprocatingPumpRecord& p = table(1);
-    p.ID = 4;
-    p.NCYLINDER = 3;
-    p.VANGLE = 180.0;
-    p.MCRSPEED = 375.0;
-    p.SPEED = 300.0;
-    p.SPEEDPERCENTAGE = 0.8;
-    p.TORQUE = 2000.0;
-    p.BORE = 0.15;
-    p.STROKELENGTH = 0.2;
-    p.CONRODRATIO = 0.2;
-    p.RECIPMASS = 40.0;
-    p.ISSIMPLIFIEDPRESSURE = false;
-    p.NHARMONICORDER = 2;
-    p.NSPEEDPERCENTAGE = 2;
-    p.SPEEDPERCENTAGES[0] = 0.5;
-    p.SPEEDPERCENTAGES[1] = 1.0;
-    p.NORMALRESULTANT = {1.0e5, 2.0e5, 4.0e4, 4.0e4};
-    p.NORMALPHASEANGLE = {0.0, 0.0, PI / 2, PI / 2};
+    table(1) = {.VANGLE = 180.0, .SPEED = 300.0, .SPEEDPERCENTAGE = 0.8, .TORQUE = 2000.0,
+                .NCYLINDER = 3, .BORE = 0.15, .STROKELENGTH = 0.2, .CONRODRATIO = 0.2,
+                .RECIPMASS = 40.0, .ISSIMPLIFIEDPRESSURE = false, .NHARMONICORDER = 2,
+                .NSPEEDPERCENTAGE = 2, .SPEEDPERCENTAGES = {0.5, 1.0},
+                .NORMALRESULTANT = {1.0e5, 2.0e5, 4.0e4, 4.0e4},
+                .NORMALPHASEANGLE = {0.0, 0.0, PI / 2, PI / 2}};
     return table;
 }
 
 constexpr double R = 0.1;
-const double AREA = PI * 0.15 * 0.15 * 0.25;
-const double OMEGA = PI * 300.0 / 30.0;
-
+const double RA = R * PI * 0.15 * 0.15 * 0.25;
+const double RRMW2 = R * R * 40.0 * std::pow(PI * 300.0 / 30.0, 2);  // mass term factor
 
 }  // namespace
 
@@ -56,55 +42,38 @@ TEST(PumpExcitation, SingleActingPumpFromItsFile) {
     ReciprocatingPumpTable table = triplex();
     for (int j = 1; j <= 3; ++j) CALCULATE_RECIPROCATINGPUMP_FOURIERCOEFFICIENT(table, 1, j, true);
     const ReciprocatingPumpRecord& p = table(1);
-    // Order 1 at 0.8: amplitude 1e5 + 1e5 * 0.6, phase 0: (0, -0.5 a).
     const auto& gas = p.GASFCPERCYLINDER[2].NORMALGASFCBANKA;
-    EXPECT_FLOAT_EQ(gas[0].imag(), -0.5 * 1.6e5);
+    EXPECT_FLOAT_EQ(gas[0].imag(), -0.5 * 1.6e5);  // order 1: 1e5 + 0.6 * 1e5 at phase 0
     EXPECT_FLOAT_EQ(gas[1].real(), 2.0e4);
     EXPECT_EQ(gas[2], cd{});
     EXPECT_EQ(p.GASFCPERCYLINDER[0].NORMALGASFCBANKB[0], cd{});
-    ASSERT_GT(std::abs(p.MASSFC[1]), 0.01);
 
     std::vector<cd> torque;
     CALCULATE_RECIPROCATINGPUMP_CYLFOURIERCOEFFICIENTS(table, 1, 2, torque);
     ASSERT_EQ(torque.size(), 20u);
-    for (int k = 1; k <= 20; ++k) {
-        SCOPED_TRACE(k);
-        const cd t = R * (AREA * gas[k - 1] - R * p.RECIPMASS * OMEGA * OMEGA * p.MASSFC[k - 1]);
-        EXPECT_COMPLEX_NEAR(torque[k - 1], t, 1e-9 * (1.0 + std::abs(t)));
-    }
-
-    // Above the file's last speed the line through the last two goes on.
-    int count = 0;
-    std::vector<cd> data;
-    GETRECIPROCATINGPUMPHARMONICDATA(table, 1, 1.5, count, data);
-    EXPECT_EQ(count, 2);
-    EXPECT_FLOAT_EQ(data[0].imag(), -0.5 * 3.0e5);
+    for (int k : {1, 2, 3, 20})
+        EXPECT_COMPLEX_NEAR(torque[k - 1], RA * gas[k - 1] - RRMW2 * p.MASSFC[k - 1], 1e-9 * 1e4);
 }
 
 // Double-acting on one bank with the V angle at 180 degrees: the back side lies half a
 // turn behind, so odd harmonics cancel and even ones double. With the opposite bank as
-// well (V angle 90), bank B is turned by a quarter turn and counts twice, the back side
-// by half a turn.
+// well (V angle 90), bank B turns by a quarter and counts twice, the back side by a half.
 TEST(PumpExcitation, DoubleActingAndOppositeCylinders) {
     ReciprocatingPumpTable table = triplex();
     ReciprocatingPumpRecord& p = table(1);
     const cd mass(0.2, 0.1), gasA(3.0e4, -1.0e4), gasB(-2.0e4, 5.0e3);
-    for (int k = 0; k < 24; ++k) {
-        p.MASSFC[k] = mass;
-        p.GASFCPERCYLINDER[0].NORMALGASFCBANKA[k] = gasA;
-        p.GASFCPERCYLINDER[0].NORMALGASFCBANKB[k] = gasB;
-    }
-    const cd m = R * R * p.RECIPMASS * OMEGA * OMEGA * mass;
-    // The shifts turn by the single-precision 2 pi.
-    const auto tol = [](cd t, int k) { return 1e-6 * k * (1.0 + std::abs(t)); };
+    p.MASSFC.fill(mass);
+    p.GASFCPERCYLINDER[0].NORMALGASFCBANKA.fill(gasA);
+    p.GASFCPERCYLINDER[0].NORMALGASFCBANKB.fill(gasB);
+    const cd m = RRMW2 * mass;
     std::vector<cd> torque;
 
     p.ISDOUBLEACTING = true;
     CALCULATE_RECIPROCATINGPUMP_CYLFOURIERCOEFFICIENTS(table, 1, 1, torque);
     for (int k = 1; k <= 20; ++k) {
         SCOPED_TRACE(k);
-        const cd t = k % 2 == 0 ? 2.0 * (R * AREA * gasA - m) : cd{};
-        EXPECT_COMPLEX_NEAR(torque[k - 1], t, tol(R * AREA * gasA, k));
+        const cd t = k % 2 == 0 ? 2.0 * (RA * gasA - m) : cd{};
+        EXPECT_COMPLEX_NEAR(torque[k - 1], t, 1e-6 * k * std::abs(RA * gasA));
     }
 
     p.ISOPPOSITE = true;
@@ -112,10 +81,10 @@ TEST(PumpExcitation, DoubleActingAndOppositeCylinders) {
     CALCULATE_RECIPROCATINGPUMP_CYLFOURIERCOEFFICIENTS(table, 1, 1, torque);
     for (int k = 1; k <= 20; ++k) {
         SCOPED_TRACE(k);
-        const cd quarter = std::pow(cd(0.0, -1.0), k), half = std::pow(cd(-1.0, 0.0), k);
-        const cd gas = gasA + 2.0 * gasB * quarter + gasA * half;
-        const cd t = R * AREA * gas - m * (1.0 + 2.0 * quarter + half);
-        EXPECT_COMPLEX_NEAR(torque[k - 1], t, tol(t, k));
+        const cd quarter = std::pow(cd(0.0, -1.0), k);
+        const double half = std::pow(-1.0, k);
+        const cd t = RA * (gasA + 2.0 * gasB * quarter + gasA * half) - m * (1.0 + 2.0 * quarter + half);
+        EXPECT_COMPLEX_NEAR(torque[k - 1], t, 1e-6 * k * (1.0 + std::abs(t)));
     }
 }
 
@@ -130,15 +99,11 @@ TEST(PumpExcitation, SimplifiedPressure) {
     p.RECIPROCATINGPUMPTORQUEPERCENT = {0.1, 0.5, 0.0, 0.0};
     CALCULATE_RECIPROCATINGPUMP_FOURIERCOEFFICIENT(table, 1, 1, true);
     EXPECT_EQ(p.GASFCPERCYLINDER[0].NORMALGASFCBANKA[0], cd{});
-    EXPECT_FLOAT_EQ(p.TORQUEAMP[2].imag(), -100.0);  // from the load case setting
+    EXPECT_FLOAT_EQ(p.TORQUEAMP[2].imag(), -100.0);
     EXPECT_NE(p.TORQUEAMP[21], cd{});
 
     std::vector<cd> torque;
     CALCULATE_RECIPROCATINGPUMP_CYLFOURIERCOEFFICIENTS(table, 1, 1, torque);
     ASSERT_EQ(torque.size(), 20u);
-    for (int k = 1; k <= 20; ++k) {
-        SCOPED_TRACE(k);
-        const cd t = p.TORQUEAMP[k - 1] - R * R * p.RECIPMASS * OMEGA * OMEGA * p.MASSFC[k - 1];
-        EXPECT_COMPLEX_NEAR(torque[k - 1], t, 1e-9 * (1.0 + std::abs(t)));
-    }
+    for (int k : {3, 20}) EXPECT_COMPLEX_NEAR(torque[k - 1], p.TORQUEAMP[k - 1] - RRMW2 * p.MASSFC[k - 1], 1e-9);
 }
