@@ -1,6 +1,7 @@
 #include "excitation/HarmonicTables.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstddef>
 
@@ -22,9 +23,11 @@ void interpolate_harmonic_table(int count, int M, std::span<const double> P,
     count = std::max(count, 0);
     HARMONICDATA.assign(static_cast<std::size_t>(count), {});
     if (M < 1) return;
+    // The search stays on the points the axis holds, whatever M claims.
+    const int points = std::min(M, static_cast<int>(std::min<std::size_t>(P.size(), INT_MAX)));
     int lo = 1;
     int hi = 2;
-    while (hi < M && entry(P, static_cast<std::size_t>(hi - 1)) < x) {
+    while (hi < points && P[static_cast<std::size_t>(hi - 1)] < x) {
         ++lo;
         ++hi;
     }
