@@ -3,12 +3,14 @@
 #include <iostream>
 
 #include "base/GlobalParameter.h"
+#include "base/RunContext.h"
 #include "components/ModelTables.h"
 #include "input/CouplingPower.h"
 #include "input/DataChecking.h"
 #include "input/ImportInputFile.h"
 #include "base/StringOperation.h"
 #include "input/SystemInfo.h"
+#include "forced/ForcedVibration.h"
 #include "matrices/FreeVibration.h"
 
 namespace qm {
@@ -54,6 +56,13 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
                 tables.MASS_TABLE, tables.SHAFT_TABLE, tables.VISCOUSDAMPER_TABLE, tables.LINEARCOUPLING_TABLE,
                 tables.PROGRESSIVECOUPLING_TABLE, tables.GEISLINGERCOUPLING_TABLE, tables.PROPELLER_TABLE,
                 tables.DIESEL_TABLE);
+        if (runs_forced_vibration(CALCULATIONTYPE)) {
+            RunContext ctx;
+            ctx.SETRESULTFILEDIR(RESULTFILEDIR, static_cast<int>(RESULTFILEDIR.size()));
+            ctx.OUTPUTANGLEBASEDRESULTS = GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS();
+            // A failed factorisation ends the run: its message is in the log, the files are closed.
+            if (!FORCEDVIBRATION::FORCEDVIBRATIONCALCULATION(ctx, tables)) ISINPUTVALID = 0;
+        }
     }
     tables.deallocate_all();
     return ISINPUTVALID;

@@ -1,0 +1,253 @@
+#include "forced/ForcedVibration.h"
+
+#include <iostream>
+#include <string>
+
+#include "forced/LoadCaseReport.h"
+#include "forced/LoadCaseSetting.h"
+#include "forced/ShaftResults.h"
+#include "forced/SourceDriver.h"
+#include "forced/SourceKinds.h"
+
+namespace qm::FORCEDVIBRATION {
+
+namespace {
+
+std::size_t sz(long long n) { return n > 0 ? static_cast<std::size_t>(n) : 0U; }
+
+// Shaft torque, stress and (with dampers or couplings) damping torque of unit u, from the
+// unit's deflection and velocity blocks and the orders its driver left in EXFO.
+void derive_shaft_results(const ModelTables& tables, const SweepPlan& plan, KindResults& r, int u,
+                          const std::vector<double>& EXFO) {
+    const int NMASS = plan.dims.NMASS, NSHAFT = plan.dims.NSHAFT, NORDER = r.NORDER;
+    const std::size_t m = r.block(u, NMASS), s = r.block(u, NSHAFT);
+    SINGLELOADCASESHAFTTORQUE(tables, NMASS, NSHAFT, NORDER, EXFO.data(), r.XR.data() + m, r.XI.data() + m,
+                              r.SHAFTTORQUEAMP.data() + s, r.SHAFTTORQUEANGLE.data() + s,
+                              r.SHAFTTORQUERE.data() + s, r.SHAFTTORQUEIM.data() + s);
+    SINGLELOADCASESHAFTSTRESS(tables.SHAFT_TABLE, NSHAFT, NORDER, r.SHAFTTORQUERE.data() + s,
+                              r.SHAFTTORQUEIM.data() + s, r.SHAFTSTRESSAMP.data() + s,
+                              r.SHAFTSTRESSANGLE.data() + s, r.SHAFTSTRESSRE.data() + s, r.SHAFTSTRESSIM.data() + s);
+    if (plan.flags.HASDAMPERORCOUPLING)
+        SINGLELOADCASESHAFTDAMPINGTORQUE(tables, NMASS, NSHAFT, NORDER, EXFO.data(), r.VR.data() + m,
+                                         r.VI.data() + m, r.DAMPINGTORQUEAMP.data() + s,
+                                         r.DAMPINGTORQUEANGLE.data() + s, r.DAMPINGTORQUERE.data() + s,
+                                         r.DAMPINGTORQUEIM.data() + s);
+}
+
+// Frees and allocates the arrays of the synthesis, all 0.0.
+void allocate_synthesis(const SweepPlan& plan, int lc, LoadCaseResults& res) {
+    const std::size_t nm = sz(plan.dims.NMASS), ns = sz(plan.dims.NSHAFT);
+    for (auto* a : {&res.SYNDEFLECTION, &res.SYNVELOCITY, &res.SYNACCELERATION, &res.SYNPROPICEDEFLECTION,
+                    &res.SYNPROPICEVELOCITY, &res.SYNPROPICEACCELE})
+        a->assign(nm, 0.0);
+    for (auto* a : {&res.SYNTORQUE, &res.SYNSTRESS, &res.SYNDAMPINGTORQUE, &res.SHAFTPOWERLOSS,
+                    &res.RESULTANTTORQUE, &res.NOMTORQUE, &res.NOMSTRESS, &res.SYNPROPICETORQUE,
+                    &res.SYNPROPICESTRESS, &res.SYNPROPICEDAMPINGTORQUE})
+        a->assign(ns, 0.0);
+    for (auto* curves : {&res.ANGULARDEFANGLEBASED, &res.ANGLUARVELANGLEBASED, &res.ANGULARACCEANGLEBASED})
+        for (auto& c : *curves) c.assign(nm * CURVE_STEPS, 0.0);
+    for (auto* curves : {&res.TORQUEANGLEBASED, &res.STRESSANGLEBASED, &res.DAMPINGTORQUEANGLEBASED})
+        for (auto& c : *curves) c.assign(ns * CURVE_STEPS, 0.0);
+    if (lc == 1 && plan.flags.ISPROPELLERICE) res.PROPELLERSHAFTMARKS.assign(ns, 0.0);
+}
+
+// Writes the n values of one family-1 field array into records c, c+4, ... of a file,
+// as one ascending run: the records of the four fields interleave.
+void write_fields(DirectAccessFile& file, std::int32_t first, const std::vector<double>& f1,
+                  const std::vector<double>& f2, const std::vector<double>& f3, const std::vector<double>& f4,
+                  std::vector<double>& buffer) {
+    const std::size_t n = f1.size();
+    buffer.resize(4 * n);
+    for (std::size_t i = 0; i < n; ++i) {
+        buffer[4 * i] = f1[i];
+        buffer[4 * i + 1] = f2[i];
+        buffer[4 * i + 2] = f3[i];
+        buffer[4 * i + 3] = f4[i];
+    }
+    if (n > 0) file.write(first, buffer.data(), buffer.size());
+}
+
+void log_and_print(RunContext& ctx, const std::string& line) {
+    ctx.log_append(line);
+    std::cerr << line << '\n';
+}
+
+}  // namespace
+
+SweepPlan make_sweep_plan(const ModelTables& t, bool OUTPUTANGLEBASEDRESULTS) {
+    SweepPlan plan;
+    plan.dims.NMASS = GLOBAL_MASS::GET_MASS_NUMBER(t.MASS_TABLE);
+    plan.dims.NSHAFT = GLOBAL_SHAFT::GET_SHAFT_NUMBER(t.SHAFT_TABLE);
+    plan.dims.NLOADCASE = row_count(t.LOADCASE_SPEED);
+    plan.flags.ISPROPELLERICE =
+        t.PROPELLER_TABLE.allocated() && GLOBAL_PROPELLER::GET_PROPELLERICEHARMONICORDERNUMBER(t.PROPELLER_TABLE) > 0;
+    for (int k = 0; k < NKIND; ++k) {
+        const auto kind = static_cast<SourceKind>(k);
+        plan.dims.NUNIT[k] = unit_count(kind, t);
+        plan.dims.NORDER[k] = order_count(kind, t, plan.flags.ISPROPELLERICE);
+    }
+    plan.present = {t.DIESEL_TABLE.allocated(),          t.PROPELLER_TABLE.allocated(),
+                    t.GENERATOR_TABLE.allocated(),       t.CENTRIFUGALPUMP_TABLE.allocated(),
+                    t.RECIPROCATINGPUMP_TABLE.allocated(), t.ELECTRICMOTOR_TABLE.allocated()};
+    plan.flags.HASDIESEL = plan.dims.NUNIT[DIESEL] > 0;
+    plan.flags.HASDAMPERORCOUPLING =
+        row_count(t.VISCOUSDAMPER_TABLE) + row_count(t.STEELSPRINGDAMPER_TABLE) + row_count(t.RUBBERDAMPER_TABLE) >
+            0 ||
+        row_count(t.GEISLINGERCOUPLING_TABLE) + row_count(t.LINEARCOUPLING_TABLE) +
+                row_count(t.PROGRESSIVECOUPLING_TABLE) >
+            0;
+    plan.flags.OUTPUTANGLEBASEDRESULTS = OUTPUTANGLEBASEDRESULTS;
+    plan.ISPHASEMODE = GLOBAL_PROPELLER::GET_PROPELLER_ISMODELCONSIDERPHASEANGLE(t.PROPELLER_TABLE);
+    return plan;
+}
+
+SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
+                               LoadCaseResults& res) {
+    MASSSTIFFNESSANDDAMPINGMATRIX::LOADCASESETTING(tables, lc);
+
+    // Each unit of each kind by itself.
+    for (int k = 0; k < NKIND; ++k) {
+        const auto kind = static_cast<SourceKind>(k);
+        KindResults& r = res.kinds[k];
+        if (!plan.present[k]) {
+            r.allocate(0, 0, plan.dims.NMASS, plan.dims.NSHAFT);
+            continue;
+        }
+        r.allocate(plan.dims.NUNIT[k], plan.dims.NORDER[k], plan.dims.NMASS, plan.dims.NSHAFT);
+        res.EXFO.assign(sz(plan.dims.NORDER[k]), 0.0);
+        for (int u = 1; u <= r.NUNIT; ++u) {
+            if (runs_driver(kind, tables, u)) {
+                const SolverFailure f =
+                    run_source_driver(kind, tables, u, plan.flags.ISPROPELLERICE, lc, r, res.EXFO);
+                if (f.routine != 0) return {f.routine, f.INFO};
+            } else if (kind != ELECTRICMOTOR) {
+                // A generator or centrifugal pump without orders keeps zero blocks. An electric
+                // motor without orders still derives its shaft results, from zero deflection.
+                continue;
+            }
+            derive_shaft_results(tables, plan, r, u, res.EXFO);
+        }
+    }
+
+    allocate_synthesis(plan, lc, res);
+    // Power loss, the synthesis over units, orders and kinds, and the resultant torque join
+    // here; until then their arrays and curves hold 0.0.
+
+    SINGLELOADCASENOMINALTORQUE(tables, state.LOADCASE_SHAFTPOWER, lc, res.NOMTORQUE);
+    SINGLELOADCASENOMINALSTRESS(tables.SHAFT_TABLE, res.NOMTORQUE, res.NOMSTRESS);
+
+    // The ice block of a propeller with ice excitation joins here; until then its arrays hold 0.0.
+    return {};
+}
+
+void ResultFileSet::open(RunContext& ctx, const ResultFlags& flags) {
+    for (const ResultFile f : result_files_opened(flags)) files[f].open(ctx.result_path(result_file_name(f)));
+}
+
+void ResultFileSet::close() {
+    for (auto& f : files) f.close();
+}
+
+void write_load_case(ResultFileSet& out, const SweepPlan& plan, int lc, const LoadCaseResults& res) {
+    const int NMASS = plan.dims.NMASS, NSHAFT = plan.dims.NSHAFT;
+    std::vector<double> buffer;
+
+    // Family 1: each kind whose table exists, all units and orders.
+    for (int k = 0; k < NKIND; ++k) {
+        if (!plan.present[k]) continue;
+        const auto kind = static_cast<SourceKind>(k);
+        const KindResults& r = res.kinds[k];
+        auto file = [&](Quantity q) -> DirectAccessFile& { return out.files[per_order_file(kind, q)]; };
+        const std::int32_t firstMass = per_order_record(lc, 1, 1, 1, 1, r.NUNIT, NMASS, r.NORDER);
+        write_fields(file(DEFLECTION), firstMass, r.XAMP, r.XANGLE, r.XR, r.XI, buffer);
+        write_fields(file(VELOCITY), firstMass, r.VAMP, r.VANGLE, r.VR, r.VI, buffer);
+        write_fields(file(ACCELE), firstMass, r.AAMP, r.AANGLE, r.AR, r.AI, buffer);
+        const std::int32_t firstShaft = per_order_record(lc, 1, 1, 1, 1, r.NUNIT, NSHAFT, r.NORDER);
+        write_fields(file(TORQUE), firstShaft, r.SHAFTTORQUEAMP, r.SHAFTTORQUEANGLE, r.SHAFTTORQUERE,
+                     r.SHAFTTORQUEIM, buffer);
+        write_fields(file(STRESS), firstShaft, r.SHAFTSTRESSAMP, r.SHAFTSTRESSANGLE, r.SHAFTSTRESSRE,
+                     r.SHAFTSTRESSIM, buffer);
+        if (plan.flags.HASDAMPERORCOUPLING)
+            write_fields(file(DAMPINGTORQUE), firstShaft, r.DAMPINGTORQUEAMP, r.DAMPINGTORQUEANGLE,
+                         r.DAMPINGTORQUERE, r.DAMPINGTORQUEIM, buffer);
+    }
+
+    // Families 2 to 4: one value per element, the curves, the shaft marks.
+    auto values = [&](ResultFile f, const std::vector<double>& v, int NE) {
+        if (!v.empty()) out.files[f].write(per_element_record(lc, 1, NE), v.data(), v.size());
+    };
+    auto curve = [&](ResultFile f, const std::vector<double>& v, int NE) {
+        if (!v.empty()) out.files[f].write(curve_record(lc, 1, 1, NE), v.data(), v.size());
+    };
+    const bool curves = plan.flags.OUTPUTANGLEBASEDRESULTS && plan.flags.HASDIESEL;
+    values(SYNTHESIS_DEFLECTION, res.SYNDEFLECTION, NMASS);
+    values(SYNTHESIS_VELOCITY, res.SYNVELOCITY, NMASS);
+    values(SYNTHESIS_ACCELERATION, res.SYNACCELERATION, NMASS);
+    if (curves) {
+        curve(ANGULARDEF_DIESEL, res.ANGULARDEFANGLEBASED[DIESEL], NMASS);
+        curve(ANGULARDEF_PROPELLER, res.ANGULARDEFANGLEBASED[PROPELLER], NMASS);
+        curve(ANGULARVEL_DIESEL, res.ANGLUARVELANGLEBASED[DIESEL], NMASS);
+        curve(ANGULARVEL_PROPELLER, res.ANGLUARVELANGLEBASED[PROPELLER], NMASS);
+        curve(ANGULARACCE_DIESEL, res.ANGULARACCEANGLEBASED[DIESEL], NMASS);
+        curve(ANGULARACCE_PROPELLER, res.ANGULARACCEANGLEBASED[PROPELLER], NMASS);
+    }
+    values(SYNTHESIS_TORQUE, res.SYNTORQUE, NSHAFT);
+    values(SYNTHESIS_STRESS, res.SYNSTRESS, NSHAFT);
+    values(SHAFT_POWER_LOSS, res.SHAFTPOWERLOSS, NSHAFT);
+    values(NOMINAL_TORQUE, res.NOMTORQUE, NSHAFT);
+    values(NOMINAL_STRESS, res.NOMSTRESS, NSHAFT);
+    if (lc == 1 && plan.flags.ISPROPELLERICE && !res.PROPELLERSHAFTMARKS.empty())
+        out.files[PROPELLER_SHAFT_MARKS].write(once_record(1), res.PROPELLERSHAFTMARKS.data(),
+                                               res.PROPELLERSHAFTMARKS.size());
+    if (curves) {
+        curve(TORQUEANGLE_DIESEL, res.TORQUEANGLEBASED[DIESEL], NSHAFT);
+        curve(TORQUEANGLE_PROPELLER, res.TORQUEANGLEBASED[PROPELLER], NSHAFT);
+        curve(STRESSANGLE_DIESEL, res.STRESSANGLEBASED[DIESEL], NSHAFT);
+        curve(STRESSANGLE_PROPELLER, res.STRESSANGLEBASED[PROPELLER], NSHAFT);
+    }
+    if (plan.flags.HASDAMPERORCOUPLING) {
+        values(SYNTHESIS_DAMPINGTORQUE, res.SYNDAMPINGTORQUE, NSHAFT);
+        values(RESULTANT_TORQUE, res.RESULTANTTORQUE, NSHAFT);
+    }
+    if (plan.flags.ISPROPELLERICE) {
+        values(SYNPROPICE_DEFLECTION, res.SYNPROPICEDEFLECTION, NMASS);
+        values(SYNPROPICE_VELOCITY, res.SYNPROPICEVELOCITY, NMASS);
+        values(SYNPROPICE_ACCELE, res.SYNPROPICEACCELE, NMASS);
+        values(SYNPROPICE_TORQUE, res.SYNPROPICETORQUE, NSHAFT);
+        values(SYNPROPICE_STRESS, res.SYNPROPICESTRESS, NSHAFT);
+        if (plan.flags.HASDAMPERORCOUPLING) values(SYNPROPICE_DAMPINGTORQUE, res.SYNPROPICEDAMPINGTORQUE, NSHAFT);
+    }
+}
+
+bool FORCEDVIBRATIONCALCULATION(RunContext& ctx, ModelTables& tables) {
+    // One unit for each of the result files, opened or not.
+    for (int f = 0; f < NRESULTFILE; ++f) ctx.GETFILEID();
+    const SweepPlan plan = make_sweep_plan(tables, ctx.OUTPUTANGLEBASEDRESULTS);
+    if (!fits_32bit_records(plan.dims)) {
+        log_and_print(ctx, "Error: The forced vibration results exceed 2147483647 records in one result file; "
+                           "the forced vibration is not calculated");
+        return false;
+    }
+
+    ResultFileSet out;
+    out.open(ctx, plan.flags);
+    WRITELOADCASESETTING(ctx, tables);
+    SweepState state;
+    CALCULATELOADCASESHAFTPOWER(tables, state.LOADCASE_SHAFTPOWER);
+    if (plan.flags.ISPROPELLERICE) CALCULATESHAFTINERTIARATIO(tables, state.SHAFTINERTIARATIO);
+
+    LoadCaseResults res;
+    for (int lc = 1; lc <= plan.dims.NLOADCASE; ++lc) {
+        const SweepFailure failure = compute_load_case(tables, plan, state, lc, res);
+        if (failure.routine != 0) {
+            log_and_print(ctx, failure.routine == 1 ? "** CGETRF/ZGETRF failed" : "** CGETRS/ZGETRS failed");
+            out.close();
+            return false;
+        }
+        write_load_case(out, plan, lc, res);
+    }
+    out.close();
+    return true;
+}
+
+}  // namespace qm::FORCEDVIBRATION

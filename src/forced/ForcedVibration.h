@@ -1,0 +1,90 @@
+// The forced calculation: the walk over the load cases. For each load case every unit of
+// every source kind is solved by itself at all its orders, shaft torque, stress and damping
+// torque are derived from its response, and everything goes to the result files of
+// ResultFiles.h, load case by load case.
+//
+// A load case is computed into a LoadCaseResults and then written; the two steps are apart so
+// that load cases, which are independent once the tables of one are copied, can later be
+// computed side by side and written in order.
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "base/BinFile.h"
+#include "base/RunContext.h"
+#include "base/Table.h"
+#include "components/ModelTables.h"
+#include "forced/KindResults.h"
+#include "forced/ResultFiles.h"
+#include "forced/Synthesis.h"
+
+namespace qm::FORCEDVIBRATION {
+
+// Dimensions and switches, fixed for a whole sweep.
+struct SweepPlan {
+    ResultDims dims;                        // NMASS, NSHAFT, NLOADCASE, NUNIT and NORDER per kind
+    ResultFlags flags;                      // HASDIESEL, HASDAMPERORCOUPLING, ISPROPELLERICE, angle switch
+    std::array<bool, NKIND> present{};      // the kind's table is allocated
+    bool ISPHASEMODE = false;               // a propeller takes its excitation phase into account
+};
+
+SweepPlan make_sweep_plan(const ModelTables& tables, bool OUTPUTANGLEBASEDRESULTS);
+
+// Everything one load case writes.
+struct LoadCaseResults {
+    AllKindResults kinds;  // per unit and order; arrays of a kind without table stay empty
+    std::vector<double> EXFO;
+
+    // Synthesis over units, orders and kinds: one value per element.
+    std::vector<double> SYNDEFLECTION, SYNVELOCITY, SYNACCELERATION;          // rad, rad/s, rad/s^2; NMASS
+    std::vector<double> SYNTORQUE, SYNSTRESS, SYNDAMPINGTORQUE;               // N*m, Pa, N*m; NSHAFT
+    std::vector<double> SHAFTPOWERLOSS;                                       // W, NSHAFT
+    std::vector<double> RESULTANTTORQUE;                                      // N*m, NSHAFT
+    std::vector<double> NOMTORQUE, NOMSTRESS;                                 // N*m, Pa; NSHAFT
+    // Synthesized curves over CURVE_STEPS angle steps, one per source kind ([DIESEL] is the
+    // array of that name, [PROPELLER] the one with PROPELLER behind it, ...), element (e, a)
+    // at (e-1)*360 + a - 1; empty when no file and no later step needs them.
+    KindCurves ANGULARDEFANGLEBASED, ANGLUARVELANGLEBASED, ANGULARACCEANGLEBASED;  // NMASS*360
+    KindCurves TORQUEANGLEBASED, STRESSANGLEBASED, DAMPINGTORQUEANGLEBASED;        // NSHAFT*360
+
+    // Propeller ice: synthesized ice response and the marks of the propeller shafts.
+    std::vector<double> SYNPROPICEDEFLECTION, SYNPROPICEVELOCITY, SYNPROPICEACCELE;  // NMASS
+    std::vector<double> SYNPROPICETORQUE, SYNPROPICESTRESS, SYNPROPICEDAMPINGTORQUE;  // NSHAFT
+    std::vector<double> PROPELLERSHAFTMARKS;  // 1.0, 2.0 or 0.0 per shaft; load case 1 only
+};
+
+// Values held for the whole sweep (computed once before the first load case).
+struct SweepState {
+    Array2D<double> LOADCASE_SHAFTPOWER;     // W, NSHAFT by NLOADCASE
+    std::vector<double> SHAFTINERTIARATIO;   // NSHAFT, only with ISPROPELLERICE
+};
+
+// The solver's failure, if any: routine 0 none, 1 the factorisation, 2 the solve.
+struct SweepFailure {
+    int routine = 0;
+    int INFO = 0;
+};
+
+// Computes load case lc into res. Tables are rewritten in place (speeds, powers, torques,
+// working fields). Stops at the first failed factorisation or solve and returns it.
+SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
+                               LoadCaseResults& res);
+
+// The open result files of a sweep, indexed by ResultFile.
+struct ResultFileSet {
+    std::array<DirectAccessFile, NRESULTFILE> files;
+    void open(RunContext& ctx, const ResultFlags& flags);
+    void close();
+};
+
+// Writes every record of load case lc, in ascending order within each file.
+void write_load_case(ResultFileSet& out, const SweepPlan& plan, int lc, const LoadCaseResults& res);
+
+// The whole forced calculation: opens the result files, writes "LoadCaseSetting.txt", works
+// out the shaft powers and walks the load cases. False when the run had to end: a failed
+// factorisation or solve (its message is in the log and on standard error, the files are
+// closed), or result files whose record numbers would not fit 32 bits.
+bool FORCEDVIBRATIONCALCULATION(RunContext& ctx, ModelTables& tables);
+
+}  // namespace qm::FORCEDVIBRATION

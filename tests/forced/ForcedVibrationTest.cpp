@@ -1,0 +1,79 @@
+// Whole forced runs of small and awkward models: which files exist and how long they are,
+// and load cases that must run to the end.
+#include "forced/ForcedVibration.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include "../TestSupport.h"
+#include "frame/QuillmarkSolver.h"
+
+namespace fs = std::filesystem;
+using namespace qm::FORCEDVIBRATION;
+
+namespace {
+
+int run(const qm::test::ScratchDir& dir, const std::string& model, int type = 2) {
+    qm::test::write_file(dir / "model.qmk", model);
+    return qm::run_solver(dir.str(), "model.qmk", dir.str(), type);
+}
+
+std::uintmax_t records(const qm::test::ScratchDir& dir, ResultFile f) {
+    const fs::path p = dir / result_file_name(f);
+    return fs::exists(p) ? fs::file_size(p) / 8 : 0;
+}
+
+// The two-stroke example with its load cases replaced by `rows`.
+std::string example_with_load_cases(const std::string& rows) {
+    std::ifstream in(std::string(QM_EXAMPLES_DIR) + "/two-stroke-main-engine.qmk");
+    std::stringstream text;
+    text << in.rdbuf();
+    const std::string model = text.str();
+    return model.substr(0, model.rfind("\nLOADCASE")) + "\nLOADCASE\nRPM DIESEL PROPELLER\n1 1\n" + rows;
+}
+
+}  // namespace
+
+TEST(ForcedVibration, ModelWithoutSourcesWritesZerosAndEmptyKindFiles) {
+    qm::test::ScratchDir dir;
+    ASSERT_EQ(run(dir, "INERTIA 1 1.0 100 0 0\nINERTIA 2 1.0 200 0 0\n"
+                       "SHAFT 1 1 2 1.0 1.0E6 0 0 100 0 0 0\n"
+                       "GASTURBINE 1\n1 1000 3000\n"
+                       "OUTPUTANGLEBASEDRESULTS\n"
+                       "LOADCASE\nRPM GASTURBINE\n1\n1500 500\n3000 1000\n"),
+              1);
+    std::size_t existing = 0;
+    for (int f = 0; f < NRESULTFILE; ++f) existing += fs::exists(dir / result_file_name(static_cast<ResultFile>(f)));
+    EXPECT_EQ(existing, 38U);  // no damper or coupling, no ice, no engine: no curve files either
+    EXPECT_EQ(records(dir, DIESEL_DEFLECTION), 0U);
+    EXPECT_EQ(records(dir, RECIPROCATINGPUMP_STRESS), 0U);
+    EXPECT_EQ(qm::test::read_records(dir / "SynthesisTorque.bin"), std::vector<double>(2, 0.0));
+    // 500 kW through the shaft at 1500 rpm
+    const auto nominal = qm::test::read_records(dir / "NominalTorque.bin");
+    ASSERT_EQ(nominal.size(), 2U);
+    EXPECT_DOUBLE_EQ(nominal[0], 500000.0 / (1500.0 * 3.141592653589793 / 30.0));
+}
+
+TEST(ForcedVibration, ZeroPowerAndStandstillLoadCasesRunToTheEnd) {
+    qm::test::ScratchDir dir;
+    const int valid = run(dir, example_with_load_cases("60 0 0\n0 0 0\n80 1900 1870\n"));
+    if (valid == 0) {
+        // a standstill may leave the line without any term at w = 0; the run then ends orderly
+        const auto log = qm::test::read_lines(dir / "Quillmark.log");
+        ASSERT_FALSE(log.empty());
+        EXPECT_EQ(log.back().substr(0, 3), "** ");
+        return;
+    }
+    const int NMASS = 14, NSHAFT = 13, NORDER = 20;
+    EXPECT_EQ(records(dir, DIESEL_DEFLECTION), 4U * 3 * NORDER * NMASS);
+    EXPECT_EQ(records(dir, PROPELLER_TORQUE), 4U * 3 * 2 * NSHAFT);
+    EXPECT_EQ(records(dir, DIESEL_DAMPINGTORQUE), 4U * 3 * NORDER * NSHAFT);
+    const auto nominal = qm::test::read_records(dir / "NominalTorque.bin");
+    ASSERT_EQ(nominal.size(), 3U * NSHAFT);
+    EXPECT_EQ(nominal[per_element_record(1, 13, NSHAFT) - 1], 0.0);           // no power at 60 rpm
+    EXPECT_TRUE(std::isnan(nominal[per_element_record(2, 13, NSHAFT) - 1]));  // 0 W / 0 rpm
+    EXPECT_GT(nominal[per_element_record(3, 13, NSHAFT) - 1], 0.0);
+}
