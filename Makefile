@@ -20,7 +20,7 @@ build: configure
 
 run: build
 	@mkdir -p $(OUT)
-	$(BUILD)/quillmark run $(EXAMPLE) -o $(OUT)
+	$(BUILD)/quillmark run $(EXAMPLE) -o $(OUT) --type 3
 
 test: build
 	@cd $(BUILD) && ctest --output-on-failure -j$(JOBS)

@@ -1,5 +1,6 @@
 #include "RunCommand.h"
 
+#include "ForcedVibrationReport.h"
 #include "FreeVibrationReport.h"
 
 #include <cstdint>
@@ -10,6 +11,7 @@
 
 #include "base/Constants.h"
 #include "base/Format.h"
+#include "frame/QuillmarkSolver.h"
 #include "quillmark/quillmark.h"
 
 namespace qm::cli {
@@ -65,7 +67,8 @@ void add_run_command(CLI::App& app, int& exit_code) {
         std::cout << "Result directory: " << std::filesystem::absolute(*out).string() << "\n";
         std::cout << "Input valid: " << (valid == 1 ? "yes" : "no") << " (ISINPUTVALID " << valid << ")\n";
         print_log(std::filesystem::path(*out) / "Quillmark.log");
-        if (valid == 1) print_free_vibration(std::cout, *model, *out);
+        if (valid == 1 && runs_free_vibration(*type)) print_free_vibration(std::cout, *model, *out);
+        if (valid == 1 && runs_forced_vibration(*type)) print_forced_vibration(std::cout, *model, *out);
         exit_code = valid == 1 ? 0 : 1;
     });
 }
