@@ -74,3 +74,29 @@ TEST(ForcedVibration, ZeroPowerAndStandstillLoadCasesRunToTheEnd) {
     EXPECT_TRUE(std::isnan(nominal[per_element_record(2, 13, NSHAFT) - 1]));  // 0 W / 0 rpm
     EXPECT_GT(nominal[per_element_record(3, 13, NSHAFT) - 1], 0.0);
 }
+
+TEST(ForcedVibration, UnitsWithoutOrdersKeepZeroBlocksOrDeriveFromZeroDeflection) {
+    qm::test::ScratchDir dir;
+    // generator 1 and the motor have order number 0, generator 2 turns order 2
+    ASSERT_EQ(run(dir, "INERTIA 1 1.0 50 0 0\nINERTIA 2 1.0 80 0 0\nINERTIA 3 1.0 60 0 0\n"
+                       "SHAFT 1 1 2 1.0 1.0E6 0 0 100 0 0 0\nSHAFT 2 2 3 1.0 1.0E6 0 0 100 0 0 0\n"
+                       "ELECTRICMOTOR 1\n1 500 1500 0 0 0\n2 0 0 0\n1 0 0 0\n"
+                       "GENERATOR 1\n3 300 1500 0\n2 0 0 0\n1 0 0 0\n"
+                       "GENERATOR 2\n2 200 1500 2\n2 0 0 0\n1 0 0 0\n"
+                       "LOADCASE\nRPM ELECTRICMOTOR GENERATOR GENERATOR\n1 1 2\n1500 500 300 200\n"),
+              1);
+    const int NSHAFT = 2, NORDER = 4;
+    const auto gen = qm::test::read_records(dir / "GeneratorTorque.bin");
+    const auto motor = qm::test::read_records(dir / "ElectricMotorTorque.bin");
+    ASSERT_EQ(gen.size(), 4U * 2 * NORDER * NSHAFT);
+    ASSERT_EQ(motor.size(), 4U * 1 * NORDER * NSHAFT);
+    for (int o = 1; o <= NORDER; ++o)
+        for (int e = 1; e <= NSHAFT; ++e) {
+            // a generator without orders is skipped: its block stays all zero, angle 0.0
+            EXPECT_EQ(gen[per_order_record(1, 1, o, e, 2, 2, NSHAFT, NORDER) - 1], 0.0);
+            // the motor's shaft results still run, on zero deflection: atan2(+0, -0) is pi
+            EXPECT_EQ(motor[per_order_record(1, 1, o, e, 1, 1, NSHAFT, NORDER) - 1], 0.0);
+            EXPECT_DOUBLE_EQ(motor[per_order_record(1, 1, o, e, 2, 1, NSHAFT, NORDER) - 1], 3.141592653589793);
+        }
+    EXPECT_GT(gen[per_order_record(1, 2, 1, 1, 1, 2, NSHAFT, NORDER) - 1], 0.0);
+}
