@@ -135,3 +135,23 @@ TEST(LoadCaseReport, TwoStrokeExampleLineForLine) {
     EXPECT_DOUBLE_EQ(t.PROPELLER_TABLE(1).POWER, 8372000.0);
     t.deallocate_all();
 }
+
+TEST(LoadCaseReport, PlaceholderStiffnessAndCodesWithoutBlock) {
+    test::ScratchDir dir;
+    Line a({{CODES::COMPONENT_VISCOUSDAMPER, 4}, {CODES::COMPONENT_VISCOUSDAMPER, 4}});
+    a.t.SHAFT_TABLE(1).STIFFNESS = 9.999999974752427e-07;  // the damper's spring without stiffness
+    a.t.VISCOUSDAMPER_TABLE.allocate(1);
+    a.t.VISCOUSDAMPER_TABLE(1).ID = 4;
+    a.t.VISCOUSDAMPER_TABLE(1).CASINGNODE = 1;
+    a.t.VISCOUSDAMPER_TABLE(1).RINGNODE = 2;
+    a.t.VISCOUSDAMPER_TABLE(1).ABSDAMPING = 1.5e5;
+    // code 27 is a shaft role, not a component: no block
+    a.load_cases({{27, 1}, {CODES::COMPONENT_VISCOUSDAMPER, 4}}, {{0.0, 0.0}});
+    RunContext ctx;
+    ctx.SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+    WRITELOADCASESETTING(ctx, a.t);
+    EXPECT_EQ(test::read_lines(dir / "LoadCaseSetting.txt"),
+              (std::vector<std::string>{"", "Viscous damper   4", "Case          Speed       Stiffness       Damping",
+                                        "              [rpm]        [Nm/rad]     [Nms/rad]", std::string(47, '-'),
+                                        "   1          100.0     0.000E+000     1.500E+005"}));
+}
