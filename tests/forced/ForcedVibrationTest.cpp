@@ -100,3 +100,15 @@ TEST(ForcedVibration, UnitsWithoutOrdersKeepZeroBlocksOrDeriveFromZeroDeflection
         }
     EXPECT_GT(gen[per_order_record(1, 2, 1, 1, 1, 2, NSHAFT, NORDER) - 1], 0.0);
 }
+
+TEST(ForcedVibration, AngleBasedCurvesOfAnEngineModel) {
+    qm::test::ScratchDir dir;
+    ASSERT_EQ(run(dir, "OUTPUTANGLEBASEDRESULTS\n" + example_with_load_cases("60 1586 1562\n80 3760 3700\n")), 1);
+    const int NMASS = 14, NSHAFT = 13;
+    std::size_t existing = 0;
+    for (int f = 0; f < NRESULTFILE; ++f) existing += fs::exists(dir / result_file_name(static_cast<ResultFile>(f)));
+    EXPECT_EQ(existing, 38U + 10U + 8U);  // the curves and the damping torque files
+    EXPECT_EQ(records(dir, ANGULARDEF_PROPELLER), 360U * 2 * NMASS);
+    EXPECT_EQ(records(dir, TORQUEANGLE_DIESEL), 360U * 2 * NSHAFT);
+    EXPECT_EQ(records(dir, RESULTANT_TORQUE), 2U * NSHAFT);
+}
