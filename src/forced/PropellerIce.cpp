@@ -132,4 +132,15 @@ void SINGLELOADCASEPROPELLERICEZEROORDERTORQUE(const ShaftTable& SHAFT_TABLE, co
     }
 }
 
+void add_mean_ice_torque(const ShaftTable& SHAFT_TABLE, const MassTable& MASS_TABLE,
+                         const PropellerTable& PROPELLER_TABLE, const std::vector<double>& SHAFTINERTIARATIO, int lc,
+                         std::vector<double>& NOMTORQUE, std::vector<double>& PROPELLERSHAFTMARKS) {
+    for (std::size_t j = 1; j <= NOMTORQUE.size(); ++j) {
+        double mean = 0.0;
+        SINGLELOADCASEPROPELLERICEZEROORDERTORQUE(SHAFT_TABLE, MASS_TABLE, PROPELLER_TABLE, SHAFTINERTIARATIO,
+                                                  static_cast<int>(j), lc, mean, PROPELLERSHAFTMARKS);
+        NOMTORQUE[j - 1] += mean;
+    }
+}
+
 }  // namespace qm::FORCEDVIBRATION

@@ -48,4 +48,10 @@ void SINGLELOADCASEPROPELLERICEZEROORDERTORQUE(const ShaftTable& SHAFT_TABLE, co
                                                const std::vector<double>& SHAFTINERTIARATIO, int j, int lc,
                                                double& meanTorque, std::vector<double>& PROPELLERSHAFTMARKS);
 
+// SINGLELOADCASEPROPELLERICEZEROORDERTORQUE for every shaft, its mean ice torque added to
+// NOMTORQUE (one value per shaft).
+void add_mean_ice_torque(const ShaftTable& SHAFT_TABLE, const MassTable& MASS_TABLE,
+                         const PropellerTable& PROPELLER_TABLE, const std::vector<double>& SHAFTINERTIARATIO, int lc,
+                         std::vector<double>& NOMTORQUE, std::vector<double>& PROPELLERSHAFTMARKS);
+
 }  // namespace qm::FORCEDVIBRATION
