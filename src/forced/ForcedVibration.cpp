@@ -2,9 +2,12 @@
 
 #include <iostream>
 #include <string>
+#include <utility>
 
 #include "forced/LoadCaseReport.h"
 #include "forced/LoadCaseSetting.h"
+#include "forced/PropellerIce.h"
+#include "forced/ShaftPowerLoss.h"
 #include "forced/ShaftResults.h"
 #include "forced/SourceDriver.h"
 #include "forced/SourceKinds.h"
@@ -49,6 +52,26 @@ void allocate_synthesis(const SweepPlan& plan, int lc, LoadCaseResults& res) {
     for (auto* curves : {&res.TORQUEANGLEBASED, &res.STRESSANGLEBASED, &res.DAMPINGTORQUEANGLEBASED})
         for (auto& c : *curves) c.assign(ns * CURVE_STEPS, 0.0);
     if (lc == 1 && plan.flags.ISPROPELLERICE) res.PROPELLERSHAFTMARKS.assign(ns, 0.0);
+}
+
+// The six syntheses of a load case over units, orders and kinds, each with its curves:
+// deflection, velocity, acceleration, torque, stress and, with dampers or couplings,
+// damping torque. The torque and damping torque curves are always kept for the resultant.
+void synthesize(const SweepPlan& plan, LoadCaseResults& res) {
+    using Field = std::vector<double> KindResults::*;
+    const auto run = [&](int N, Field re, Field im, std::vector<double>& value, KindCurves& curves, bool keep) {
+        SINGLELOADCASESYNTHESIS(N, synthesis_sources(res.kinds, re, im), plan.ISPHASEMODE, value, curves, keep,
+                                plan.flags.HASDIESEL, plan.flags.OUTPUTANGLEBASEDRESULTS);
+    };
+    const int NMASS = plan.dims.NMASS, NSHAFT = plan.dims.NSHAFT;
+    run(NMASS, &KindResults::XR, &KindResults::XI, res.SYNDEFLECTION, res.ANGULARDEFANGLEBASED, false);
+    run(NMASS, &KindResults::VR, &KindResults::VI, res.SYNVELOCITY, res.ANGLUARVELANGLEBASED, false);
+    run(NMASS, &KindResults::AR, &KindResults::AI, res.SYNACCELERATION, res.ANGULARACCEANGLEBASED, false);
+    run(NSHAFT, &KindResults::SHAFTTORQUERE, &KindResults::SHAFTTORQUEIM, res.SYNTORQUE, res.TORQUEANGLEBASED, true);
+    run(NSHAFT, &KindResults::SHAFTSTRESSRE, &KindResults::SHAFTSTRESSIM, res.SYNSTRESS, res.STRESSANGLEBASED, false);
+    if (plan.flags.HASDAMPERORCOUPLING)
+        run(NSHAFT, &KindResults::DAMPINGTORQUERE, &KindResults::DAMPINGTORQUEIM, res.SYNDAMPINGTORQUE,
+            res.DAMPINGTORQUEANGLEBASED, true);
 }
 
 // Writes the n values of one family-1 field array into records c, c+4, ... of a file,
@@ -130,13 +153,27 @@ SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const
     }
 
     allocate_synthesis(plan, lc, res);
-    // Power loss, the synthesis over units, orders and kinds, and the resultant torque join
-    // here; until then their arrays and curves hold 0.0.
+    SINGLELOADCASESHAFTPOWERLOSS(tables, res.kinds, res.SHAFTPOWERLOSS);
+    synthesize(plan, res);
+    if (plan.flags.HASDAMPERORCOUPLING)
+        CALCULATERESULTANTTORQUE(plan.dims.NSHAFT, plan.ISPHASEMODE, res.RESULTANTTORQUE, res.TORQUEANGLEBASED,
+                                 res.DAMPINGTORQUEANGLEBASED);
 
     SINGLELOADCASENOMINALTORQUE(tables, state.LOADCASE_SHAFTPOWER, lc, res.NOMTORQUE);
+    if (plan.flags.ISPROPELLERICE)
+        add_mean_ice_torque(tables.SHAFT_TABLE, tables.MASS_TABLE, tables.PROPELLER_TABLE, state.SHAFTINERTIARATIO, lc,
+                            res.NOMTORQUE, res.PROPELLERSHAFTMARKS);
     SINGLELOADCASENOMINALSTRESS(tables.SHAFT_TABLE, res.NOMTORQUE, res.NOMSTRESS);
 
-    // The ice block of a propeller with ice excitation joins here; until then its arrays hold 0.0.
+    if (plan.flags.ISPROPELLERICE) {
+        PropellerIceResults ice = propeller_ice_synthesis(res.kinds[PROPELLER], plan.flags.HASDAMPERORCOUPLING);
+        res.SYNPROPICEDEFLECTION = std::move(ice.SYNPROPICEDEFLECTION);
+        res.SYNPROPICEVELOCITY = std::move(ice.SYNPROPICEVELOCITY);
+        res.SYNPROPICEACCELE = std::move(ice.SYNPROPICEACCELE);
+        res.SYNPROPICETORQUE = std::move(ice.SYNPROPICETORQUE);
+        res.SYNPROPICESTRESS = std::move(ice.SYNPROPICESTRESS);
+        res.SYNPROPICEDAMPINGTORQUE = std::move(ice.SYNPROPICEDAMPINGTORQUE);
+    }
     return {};
 }
 
