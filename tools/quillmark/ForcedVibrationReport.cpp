@@ -1,5 +1,6 @@
 #include "ForcedVibrationReport.h"
 
+#include "DampingElements.h"
 #include "ModelFile.h"
 
 #include <array>
@@ -49,6 +50,14 @@ double order_of(const KindFiles& f, int NMASS, int lc, int u, int o, double rpm)
     return order;
 }
 
+// One value per shaft and load case (family 2); empty when the file is missing or of
+// another size.
+std::vector<double> per_shaft(const std::filesystem::path& results, ResultFile f, int NSHAFT, int NLOADCASE) {
+    std::vector<double> v = records(results / result_file_name(f));
+    if (v.size() != static_cast<std::size_t>(NSHAFT) * static_cast<std::size_t>(NLOADCASE)) v.clear();
+    return v;
+}
+
 }  // namespace
 
 void print_forced_vibration(std::ostream& out, const std::filesystem::path& model,
@@ -64,6 +73,16 @@ void print_forced_vibration(std::ostream& out, const std::filesystem::path& mode
         static_cast<int>(speeds.size()) != NLOADCASE || static_cast<int>(shafts.size()) != NSHAFT)
         return;
 
+    const std::vector<double> synTorque = per_shaft(results, SYNTHESIS_TORQUE, NSHAFT, NLOADCASE);
+    const std::vector<double> synStress = per_shaft(results, SYNTHESIS_STRESS, NSHAFT, NLOADCASE);
+    const std::vector<double> resultant = per_shaft(results, RESULTANT_TORQUE, NSHAFT, NLOADCASE);
+    const std::vector<double> loss = per_shaft(results, SHAFT_POWER_LOSS, NSHAFT, NLOADCASE);
+    const std::vector<double> ice = per_shaft(results, SYNPROPICE_TORQUE, NSHAFT, NLOADCASE);
+    std::vector<bool> damping = damping_elements(model);
+    damping.resize(static_cast<std::size_t>(NSHAFT), false);
+    const bool hasDamping = !resultant.empty();
+    const bool hasIce = !ice.empty();
+
     std::array<KindFiles, NKIND> kinds;
     for (int k = 0; k < NKIND; ++k) {
         KindFiles& f = kinds[k];
@@ -78,14 +97,23 @@ void print_forced_vibration(std::ostream& out, const std::filesystem::path& mode
         f.velocity = records(results / result_file_name(per_order_file(kind, VELOCITY)));
     }
 
-    out << "\nForced vibration (alternating torque: the largest of any single source unit and order;\n"
-        << "order: frequency of the response over the speed of the load case):\n";
+    out << "\nForced vibration (synthesis: all sources, units and orders together; alternating torque:\n"
+        << "the largest of any single source unit and order; order: frequency of the response over\n"
+        << "the speed of the load case";
+    if (hasDamping) out << "; resultant: torque and damping torque together; power loss of dampers and couplings";
+    if (hasIce) out << "; ice: synthesized ice torque of the propeller";
+    out << "):\n";
     for (int lc = 1; lc <= NLOADCASE; ++lc) {
         const double rpm = speeds[static_cast<std::size_t>(lc - 1)];
         out << "  Load case " << lc << ": " << fmt::F(rpm, 8, 1) << " rpm\n";
-        out << fmt::A("Shaft", 10) << fmt::A("Mean torque", 16) << fmt::A("Alternating", 16) << "   Source"
-            << "\n"
-            << fmt::A("ID", 10) << fmt::A("[kNm]", 16) << fmt::A("[kNm]", 16) << "\n";
+        out << fmt::A("Shaft", 10) << fmt::A("Mean torque", 16) << fmt::A("Synthesis", 12) << fmt::A("Stress", 10);
+        if (hasDamping) out << fmt::A("Resultant", 12) << fmt::A("Power loss", 12);
+        if (hasIce) out << fmt::A("Ice torque", 12);
+        out << fmt::A("Alternating", 16) << "   Source\n";
+        out << fmt::A("ID", 10) << fmt::A("[kNm]", 16) << fmt::A("[kNm]", 12) << fmt::A("[MPa]", 10);
+        if (hasDamping) out << fmt::A("[kNm]", 12) << fmt::A("[kW]", 12);
+        if (hasIce) out << fmt::A("[kNm]", 12);
+        out << fmt::A("[kNm]", 16) << "\n";
         for (int j = 1; j <= NSHAFT; ++j) {
             Peak peak;
             for (int k = 0; k < NKIND; ++k) {
@@ -97,9 +125,17 @@ void print_forced_vibration(std::ostream& out, const std::filesystem::path& mode
                         if (a > peak.amplitude) peak = {a, k, u, o};
                     }
             }
-            out << fmt::I(shafts[static_cast<std::size_t>(j - 1)], 10)
-                << fmt::F(nominal[static_cast<std::size_t>(per_element_record(lc, j, NSHAFT) - 1)] / 1000.0, 16, 3)
-                << fmt::F(peak.amplitude / 1000.0, 16, 3);
+            const auto at = static_cast<std::size_t>(per_element_record(lc, j, NSHAFT) - 1);
+            const auto value = [&](const std::vector<double>& v) { return v.empty() ? 0.0 : v[at]; };
+            out << fmt::I(shafts[static_cast<std::size_t>(j - 1)], 10) << fmt::F(nominal[at] / 1000.0, 16, 3)
+                << fmt::F(value(synTorque) / 1000.0, 12, 3) << fmt::F(value(synStress) / 1.0e6, 10, 2);
+            if (hasDamping) {
+                out << fmt::F(resultant[at] / 1000.0, 12, 3);
+                out << (damping[static_cast<std::size_t>(j - 1)] ? fmt::F(value(loss) / 1000.0, 12, 3)
+                                                                 : fmt::A("-", 12));
+            }
+            if (hasIce) out << fmt::F(ice[at] / 1000.0, 12, 3);
+            out << fmt::F(peak.amplitude / 1000.0, 16, 3);
             if (peak.kind >= 0) {
                 const KindFiles& f = kinds[peak.kind];
                 out << "   " << kind_word(static_cast<SourceKind>(peak.kind)) << " " << peak.unit << ", order "
