@@ -4,13 +4,24 @@
 // defaults. Row numbers run from 1 to size(); 0 is the "not found" answer of the lookups,
 // never a valid row. size() is 0 while the table is unallocated, so loops over an empty
 // kind simply do nothing.
+//
+// Every access is checked, in every build: row numbers and node numbers come from the
+// model file, and a wrong one must end the run with a message rather than write outside
+// the table. A bad index throws std::out_of_range, which the run catches.
 #pragma once
 
-#include <cassert>
 #include <cstddef>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace qm {
+
+[[noreturn, gnu::cold, gnu::noinline]] inline void throw_index_error(const char* what, long long index,
+                                                                     long long size) {
+    throw std::out_of_range(std::string(what) + " " + std::to_string(index) + " outside 1.." +
+                            std::to_string(size));
+}
 
 template <class T>
 class Table {
@@ -33,20 +44,20 @@ public:
 
     int size() const { return static_cast<int>(rows_.size()); }
 
-    T& operator()(int row) {
-        assert(row >= 1 && row <= size());
-        return rows_[static_cast<std::size_t>(row - 1)];
-    }
-    const T& operator()(int row) const {
-        assert(row >= 1 && row <= size());
-        return rows_[static_cast<std::size_t>(row - 1)];
-    }
+    T& operator()(int row) { return rows_[index(row)]; }
+    const T& operator()(int row) const { return rows_[index(row)]; }
 
     // Contiguous storage, row 1 first: for writers that dump a whole array.
     T* data() { return rows_.data(); }
     const T* data() const { return rows_.data(); }
 
 private:
+    std::size_t index(int row) const {
+        if (row < 1 || row > size()) [[unlikely]]
+            throw_index_error("table row", row, size());
+        return static_cast<std::size_t>(row - 1);
+    }
+
     std::vector<T> rows_;
     bool allocated_ = false;
 };
@@ -75,22 +86,22 @@ public:
     int rows() const { return rows_; }
     int cols() const { return cols_; }
 
-    T& operator()(int i, int j) {
-        assert(i >= 1 && i <= rows_ && j >= 1 && j <= cols_);
-        return data_[static_cast<std::size_t>(j - 1) * static_cast<std::size_t>(rows_) +
-                     static_cast<std::size_t>(i - 1)];
-    }
-    const T& operator()(int i, int j) const {
-        assert(i >= 1 && i <= rows_ && j >= 1 && j <= cols_);
-        return data_[static_cast<std::size_t>(j - 1) * static_cast<std::size_t>(rows_) +
-                     static_cast<std::size_t>(i - 1)];
-    }
+    T& operator()(int i, int j) { return data_[index(i, j)]; }
+    const T& operator()(int i, int j) const { return data_[index(i, j)]; }
 
     T* data() { return data_.data(); }
     const T* data() const { return data_.data(); }
     std::size_t flat_size() const { return data_.size(); }
 
 private:
+    std::size_t index(int i, int j) const {
+        if (i < 1 || i > rows_) [[unlikely]]
+            throw_index_error("matrix row", i, rows_);
+        if (j < 1 || j > cols_) [[unlikely]]
+            throw_index_error("matrix column", j, cols_);
+        return static_cast<std::size_t>(j - 1) * static_cast<std::size_t>(rows_) + static_cast<std::size_t>(i - 1);
+    }
+
     std::vector<T> data_;
     int rows_ = 0;
     int cols_ = 0;

@@ -1,6 +1,7 @@
 // Reading one line of a text file, as every reader of the system does.
 #pragma once
 
+#include <fstream>
 #include <istream>
 #include <string>
 
@@ -10,7 +11,21 @@ constexpr int LINE_LENGTH = 2600;  // characters of a line that count
 
 // Reads one line of a text file: the first LINE_LENGTH characters count, a carriage
 // return before the line end is dropped, and the result is blank-padded to LINE_LENGTH.
-// False at the end of the file.
+// The rest of a longer line is passed over without being kept, so memory stays bounded
+// whatever the file holds. False at the end of the file.
 bool read_text_line(std::istream& in, std::string& line);
+
+// True when `name` is a regular file (after following links). Pipes, devices, sockets and
+// directories are not: opening a pipe blocks until a writer comes, and a device such as
+// /dev/zero never ends.
+bool is_regular_file(const std::string& name);
+
+// Where a side file named in a model lies: a relative name starts in `folder` (the folder
+// of the model file); an absolute or blank name, or a blank folder, leaves it as written.
+std::string side_file_path(const std::string& folder, const std::string& name);
+
+// Opens a regular file for reading; anything else leaves the stream closed, as a file
+// that does not exist does.
+bool open_text_file(std::ifstream& in, const std::string& name);
 
 }  // namespace qm

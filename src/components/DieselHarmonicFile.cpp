@@ -21,7 +21,7 @@ bool load(const std::string& name, DieselRecord& engine, int& nOrder, int& nPres
           std::vector<double>& cosine, std::vector<double>& sine, std::vector<double>& resultant,
           std::vector<double>& phase) {
     HarmonicFileContent c;
-    const bool read = read_harmonic_file(name, ENGINE_FILE, c);
+    const bool read = read_harmonic_file(engine.SIDEFILEDIR, name, ENGINE_FILE, c);
     nOrder = c.N;
     nPressure = c.M;
     for (int j = 0; j < MAXHARMONICORDER && j < c.N; ++j) engine.HARMONICORDER[static_cast<std::size_t>(j)] = c.order[static_cast<std::size_t>(j)];

@@ -104,6 +104,7 @@ struct DieselRecord {
     bool HASPARTIALFIRING = false;     // some cylinder has status 5
     std::string NORMALHARMONICFILE{};    // harmonic file of normal firing, at most 1000 characters
     std::string MISHARMONICFILE{};       // harmonic file of misfiring
+    std::string SIDEFILEDIR{};           // folder of the model file, where relative file names start
     double PMAX = 0.0;                 // Pa, maximum pressure at MCR
     double PCOMP = 0.0;                // Pa, compression pressure at MCR
     double COMPEXP = 1.3899999856948853;  // polytropic exponent of compression (1.39 single)

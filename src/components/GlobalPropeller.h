@@ -90,6 +90,7 @@ struct PropellerRecord {
     double ICEFOURIERMEAN = 0.0;          // constant term of the ice excitation at the current speed
     bool ISVARIABLEENTRAINEDWATER = false;  // entrained water differs by load case
     std::string VARIABLEENTRAINEDWATERFILE{};  // at most 1000 characters
+    std::string SIDEFILEDIR{};            // folder of the model file, where relative file names start
     std::vector<double> VARIABLEENTRAINEDWATERTABLE{};  // kg m^2 per load case, at most 10000
     int NLOADCASE = 0;                    // number of load cases
 };

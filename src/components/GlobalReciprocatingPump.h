@@ -61,6 +61,7 @@ struct ReciprocatingPumpRecord {
     std::array<double, 24> SIMPLIFIEDORDER{};                   // order k stored at place k
     std::array<std::complex<double>, 24> TORQUEAMP{};           // Nm, complex torque of order k at place k
     std::string PUMPHARMONICFILE;                               // harmonic file, empty when none
+    std::string SIDEFILEDIR;                                    // folder where a relative file name starts
     int NHARMONICORDER = 0;                                     // orders in the file, up to 24
     int NSPEEDPERCENTAGE = 0;                                   // speed percentages in the file, up to 100
     std::array<double, 24> HARMONICORDER{};                     // order column of the file

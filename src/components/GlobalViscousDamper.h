@@ -27,7 +27,8 @@ struct ViscousDamperRecord {
     std::vector<double> FREQUENCIES;      // Hz, ascending; NFREQUENCY rows
     std::vector<double> CUSTOMDAMPING;    // Nms/rad, one per frequency
     std::vector<double> CUSTOMSTIFFNESS;  // Nm/rad, one per frequency (three-column files)
-    std::string CUSTOMDAMPINGFILE;        // path of the damping file, empty when none
+    std::string CUSTOMDAMPINGFILE;        // name of the damping file as written, empty when none
+    std::string SIDEFILEDIR;              // folder of the model file, where a relative name starts
 };
 using ViscousDamperTable = Table<ViscousDamperRecord>;
 

@@ -14,8 +14,10 @@ namespace {
 
 class HarmonicFileReader {
 public:
-    HarmonicFileReader(const std::string& name, HarmonicFileContent& content)
-        : name_(name), in_(name, std::ios::binary), c_(content) {}
+    HarmonicFileReader(const std::string& folder, const std::string& name, HarmonicFileContent& content)
+        : name_(name), c_(content) {
+        open_text_file(in_, side_file_path(folder, name));
+    }
 
     bool fail() {
         LOG::append("Error occurs when reading " + name_ + " in line " + std::to_string(counter_));
@@ -88,9 +90,10 @@ private:
 
 }  // namespace
 
-bool read_harmonic_file(const std::string& name, const HarmonicFileLayout& layout, HarmonicFileContent& content) {
+bool read_harmonic_file(const std::string& folder, const std::string& name, const HarmonicFileLayout& layout,
+                        HarmonicFileContent& content) {
     GLOBAL_PARAMETER::GETFILEID();
-    HarmonicFileReader file(name, content);
+    HarmonicFileReader file(folder, name, content);
     content = HarmonicFileContent{};
     if (!file.skip(1) || !file.count(7, content.N) || !file.count(layout.axisLabelLength, content.M)) return false;
     if (content.N > layout.maxOrders) {

@@ -36,6 +36,9 @@ struct HarmonicFileLayout {
 // Reads the file `name` into `content`. False after a failure, whose line has been
 // appended to the log: a limit message, or "Error occurs when reading <name> in line <n>"
 // for a read past the end or a value that does not convert. What was read stays.
-bool read_harmonic_file(const std::string& name, const HarmonicFileLayout& layout, HarmonicFileContent& content);
+// `name` is the file as the model wrote it, which messages show; a relative name starts in
+// `folder`.
+bool read_harmonic_file(const std::string& folder, const std::string& name, const HarmonicFileLayout& layout,
+                        HarmonicFileContent& content);
 
 }  // namespace qm

@@ -15,8 +15,10 @@ namespace {
 // Line by line through a side file, counting from 1; failures are logged with the line.
 class SideFile {
 public:
-    explicit SideFile(const std::string& name) : name_(name), in_(name, std::ios::binary) {
+    // `name` as the model wrote it, for the messages; a relative name starts in `folder`.
+    SideFile(const std::string& folder, const std::string& name) : name_(name) {
         GLOBAL_PARAMETER::GETFILEID();
+        open_text_file(in_, side_file_path(folder, name));
     }
     bool next() {
         ++counter_;
@@ -82,7 +84,7 @@ void LOAD_PROPELLER_EXCITATIONFILE(PropellerTable& table, int i, bool& ok) {
         ok = false;
         return;
     }
-    SideFile file(name);
+    SideFile file(p.SIDEFILEDIR, name);
     if (!read_ice_file(file, p, n)) ok = false;
 }
 
@@ -98,7 +100,7 @@ void LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(PropellerTable& table, int i, boo
         return;
     }
     p.VARIABLEENTRAINEDWATERTABLE.assign(static_cast<std::size_t>(p.NLOADCASE), 0.0);
-    SideFile file(name);
+    SideFile file(p.SIDEFILEDIR, name);
     for (int lc = 1; lc <= p.NLOADCASE; ++lc) {
         if (!file.next()) {
             ok = false;

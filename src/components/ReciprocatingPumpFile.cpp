@@ -18,7 +18,7 @@ void LOADORVANTISPUMPFILE(ReciprocatingPumpTable& table, bool& ok) {
         if (name.empty()) continue;
         ok = true;
         HarmonicFileContent c;
-        const bool read = read_harmonic_file(name, PUMP_FILE, c);
+        const bool read = read_harmonic_file(p.SIDEFILEDIR, name, PUMP_FILE, c);
         p.NHARMONICORDER = c.N;
         p.NSPEEDPERCENTAGE = c.M;
         for (std::size_t j = 0; j < c.order.size() && static_cast<int>(j) < c.N; ++j) p.HARMONICORDER[j] = c.order[j];

@@ -54,6 +54,7 @@ void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok) {
     ViscousDamperRecord& d = table(i);
     const std::string name = STRINGOPERATION::trimmed(d.CUSTOMDAMPINGFILE);
     if (name.empty()) return;
+    const std::string path = side_file_path(d.SIDEFILEDIR, name);
     ok = true;
 
     // First reading: the layout from the header, then the number of rows.
@@ -61,8 +62,10 @@ void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok) {
     int counter = 0;
     {
         GLOBAL_PARAMETER::GETFILEID();
-        std::ifstream in(name, std::ios::binary);
-        if (!in.is_open() || !next_line(in, line, counter)) {
+        // A file that can't be opened reads as one that ends before line 1.
+        std::ifstream in;
+        open_text_file(in, path);
+        if (!next_line(in, line, counter)) {
             fail(name, counter, ok);
             return;
         }
@@ -86,7 +89,8 @@ void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok) {
     d.CUSTOMDAMPING.assign(n, 0.0);
     d.CUSTOMSTIFFNESS.assign(d.ISCUSTOMSTIFFNESS ? n : 0U, 0.0);
     GLOBAL_PARAMETER::GETFILEID();
-    std::ifstream in(name, std::ios::binary);
+    std::ifstream in;
+    open_text_file(in, path);
     counter = 0;
     next_line(in, line, counter);
     for (std::size_t k = 0; k < n; ++k) {

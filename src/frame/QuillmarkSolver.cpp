@@ -1,8 +1,11 @@
 #include "frame/QuillmarkSolver.h"
 
+#include <exception>
 #include <iostream>
+#include <new>
 
 #include "base/GlobalParameter.h"
+#include "base/Log.h"
 #include "base/RunContext.h"
 #include "components/ModelTables.h"
 #include "input/CouplingPower.h"
@@ -14,6 +17,10 @@
 #include "matrices/FreeVibration.h"
 
 namespace qm {
+
+namespace {
+int run_stages(const std::string& FILENAME, const std::string& RESULTFILEDIR, ModelTables& tables, int CALCULATIONTYPE);
+}  // namespace
 
 bool runs_load_case_preparation(int CALCULATIONTYPE) { return CALCULATIONTYPE == 2 || CALCULATIONTYPE == 3; }
 bool runs_free_vibration(int CALCULATIONTYPE) { return CALCULATIONTYPE != 0 && CALCULATIONTYPE != 2; }
@@ -42,6 +49,28 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
                                      : GLOBAL_PARAMETER::FILEFULLADDRESS(INPUTFILEDIR, INPUTFILENAME);
 
     ModelTables tables;
+    int ISINPUTVALID = 0;
+    try {
+        ISINPUTVALID = run_stages(FILENAME, RESULTFILEDIR, tables, CALCULATIONTYPE);
+    } catch (const std::bad_alloc&) {
+        // The tables go first, so that the message has memory to be written with.
+        tables.deallocate_all();
+        ISINPUTVALID = 0;
+        LOG::append("Error: There is not enough memory for this model");
+    } catch (const std::exception& e) {
+        tables.deallocate_all();
+        ISINPUTVALID = 0;
+        LOG::append(std::string("Error: The calculation ended early: ") + e.what());
+    }
+    tables.deallocate_all();
+    return ISINPUTVALID;
+}
+
+namespace {
+
+// The stages of one run after the names are settled. An exception (memory that can't be
+// had, a row outside a table) leaves it; run_solver logs it.
+int run_stages(const std::string& FILENAME, const std::string& RESULTFILEDIR, ModelTables& tables, int CALCULATIONTYPE) {
     bool ISSUCCESS = false;
     int ISINPUTVALID = 0;
     IMPORTINPUTFILE::READINPUTFILE(FILENAME, tables, ISSUCCESS);
@@ -64,8 +93,9 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
             if (!FORCEDVIBRATION::FORCEDVIBRATIONCALCULATION(ctx, tables)) ISINPUTVALID = 0;
         }
     }
-    tables.deallocate_all();
     return ISINPUTVALID;
 }
+
+}  // namespace
 
 }  // namespace qm

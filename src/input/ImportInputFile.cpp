@@ -65,10 +65,11 @@ void allocate_tables(ModelTables& t, const std::array<int, NKINDS>& count, int n
 }
 
 // The sizing pass. False after an error, which is logged.
-bool size_tables(const std::string& filename, ModelTables& tables, int& nLoadCase) {
-    std::ifstream in(filename, std::ios::binary);
+bool size_tables(const std::string& filename, ModelTables& tables, std::array<int, NKINDS>& count, int& nLoadCase) {
+    std::ifstream in;
+    open_text_file(in, filename);
     GLOBAL_PARAMETER::GETFILEID();
-    std::array<int, NKINDS> count{};
+    count.fill(0);
     std::string line;
     bool ok = read_text_line(in, line);
     STRINGOPERATION::STRINGDELETETAB(line);
@@ -102,7 +103,7 @@ bool size_tables(const std::string& filename, ModelTables& tables, int& nLoadCas
 }
 
 // The filling pass. False after an error, which is logged.
-bool fill_tables(InputReader& reader) {
+bool fill_tables(InputReader& reader, const std::array<int, NKINDS>& counted) {
     const std::array<SectionReader, NKINDS> sections = section_readers();
     // Sections are tested in this order; PROPELLERICE belongs to the propeller before it.
     constexpr std::array<Kind, NKINDS> order = {
@@ -120,6 +121,11 @@ bool fill_tables(InputReader& reader) {
             if (word != KEYWORDS[static_cast<std::size_t>(k)]) continue;
             matched = true;
             const int r = ++row[static_cast<std::size_t>(k)];
+            // The sizing pass counts sections up to the first LOADCASE line. A section that
+            // took that line as a file name lets the loop run on into lines it never counted.
+            if (r > counted[static_cast<std::size_t>(k)])
+                return reader.fail("Error occurs when reading \"" + std::string(KEYWORDS[static_cast<std::size_t>(k)]) +
+                                   "\" behind the LOADCASE line in input file line ");
             STRINGOPERATION::STRINGWITHOUTFIRSTWORD(reader.values);
             const SectionReader read = sections[static_cast<std::size_t>(k)];
             if (read != nullptr && !read(reader, r)) return false;
@@ -145,14 +151,9 @@ bool fill_tables(InputReader& reader) {
 
 void ISFILEACCESSABLE(const std::string& FILENAME, bool& ISACCESSABLE) {
     GLOBAL_PARAMETER::GETFILEID();
-    std::error_code ec;
-    const std::string name = STRINGOPERATION::trimmed(FILENAME);
-    if (name.empty() || std::filesystem::is_directory(name, ec)) {
-        ISACCESSABLE = false;
-        return;
-    }
-    std::ifstream probe(name, std::ios::binary);
-    ISACCESSABLE = probe.is_open();
+    // Only a regular file is accessible: a pipe would block the open, a device never ends.
+    std::ifstream probe;
+    ISACCESSABLE = open_text_file(probe, STRINGOPERATION::trimmed(FILENAME));
 }
 
 void READINPUTFILE(const std::string& FILENAME, ModelTables& tables, bool& ISSUCCESS) {
@@ -178,13 +179,15 @@ void READINPUTFILE(const std::string& FILENAME, ModelTables& tables, bool& ISSUC
     }
 
     int nLoadCase = 0;
-    if (!size_tables(filename, tables, nLoadCase)) return;
-    std::ifstream in(filename, std::ios::binary);
+    std::array<int, NKINDS> counted{};
+    if (!size_tables(filename, tables, counted, nLoadCase)) return;
+    std::ifstream in;
+    open_text_file(in, filename);
     GLOBAL_PARAMETER::GETFILEID();
     InputReader reader(in, tables);
     reader.nLoadCase = nLoadCase;
     reader.model_dir = std::filesystem::path(filename).parent_path().string();
-    if (!fill_tables(reader)) return;
+    if (!fill_tables(reader, counted)) return;
     in.close();
     ISSUCCESS = true;
     complete_after_reading(reader, ISSUCCESS);

@@ -208,7 +208,8 @@ void read_genset_file(InputReader& reader, bool& ISSUCCESS) {
         return;
     }
 
-    std::ifstream in(name, std::ios::binary);
+    std::ifstream in;
+    open_text_file(in, name);
     std::string line;
     int line_number = 0;
     int row = 0;

@@ -92,7 +92,8 @@ bool SECTION_VISCOUSDAMPER(InputReader& reader, int row) {
     damper.ISCUSTOMDAMPING = isCustomDamping != 0;
     if (damper.ISCUSTOMDAMPING) {
         reader.next_line();
-        damper.CUSTOMDAMPINGFILE = machine_sections::side_file_name(reader, reader.line);
+        damper.CUSTOMDAMPINGFILE = machine_sections::side_file_name(reader.line);
+        damper.SIDEFILEDIR = reader.model_dir;
     }
     mark_damper(reader, damper.ID, VISCOUSDAMPER_CODE, casing, 4, ring, 3, 12);
     return true;

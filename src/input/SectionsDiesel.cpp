@@ -165,9 +165,10 @@ bool SECTION_DIESEL(InputReader& reader, int row) {
     } else {
         // Each of the two lines is, as a whole, the name of a harmonic file.
         reader.next_line();
-        GLOBAL_DIESEL::SET_DIESEL_NORMALHARMONICFILE(table, row, side_file_name(reader, reader.line));
+        GLOBAL_DIESEL::SET_DIESEL_NORMALHARMONICFILE(table, row, side_file_name(reader.line));
         reader.next_line();
-        GLOBAL_DIESEL::SET_DIESEL_MISHARMONICFILE(table, row, side_file_name(reader, reader.line));
+        GLOBAL_DIESEL::SET_DIESEL_MISHARMONICFILE(table, row, side_file_name(reader.line));
+        engine.SIDEFILEDIR = reader.model_dir;
     }
 
     if (engine.ISFORMULADAMPING) {
@@ -254,7 +255,8 @@ bool SECTION_RECIPROCATINGPUMP(InputReader& reader, int row) {
             table, row, torque[0] / 100.0, torque[1] / 100.0, torque[2] / 100.0, torque[3] / 100.0);
     } else {
         // The whole line is the name of the pump's harmonic file.
-        pump.PUMPHARMONICFILE = side_file_name(reader, reader.line);
+        pump.PUMPHARMONICFILE = side_file_name(reader.line);
+        pump.SIDEFILEDIR = reader.model_dir;
     }
 
     pump.VANGLE = PUMP_BANK_ANGLE;

@@ -1,7 +1,6 @@
 #include "input/SectionsMachines.h"
 
 #include <array>
-#include <filesystem>
 
 #include "base/Constants.h"
 #include "base/GlobalParameter.h"
@@ -29,11 +28,8 @@ void mark_inertia(MassTable& masses, int id, int componentType, int massType, in
     mass.COMPONENTID = componentId;
 }
 
-std::string side_file_name(const InputReader& reader, const std::string& text) {
-    const std::string name =
-        STRINGOPERATION::trimmed(text.substr(0, static_cast<std::size_t>(GLOBAL_PARAMETER::FILENAME_LENGTH)));
-    if (name.empty() || reader.model_dir.empty() || std::filesystem::path(name).is_absolute()) return name;
-    return GLOBAL_PARAMETER::FILEFULLADDRESS(reader.model_dir, name);
+std::string side_file_name(const std::string& text) {
+    return STRINGOPERATION::trimmed(text.substr(0, static_cast<std::size_t>(GLOBAL_PARAMETER::FILENAME_LENGTH)));
 }
 
 }  // namespace machine_sections
@@ -261,7 +257,8 @@ bool SECTION_PROPELLER(InputReader& reader, int row) {
         std::string file;
         if (!ValueReader(reader.line).read(file))
             return reader.fail(read_message("isVariablePropellerEntrainedWater"));
-        GLOBAL_PROPELLER::SET_PROPELLER_VARIABLEENTRAINEDWATERFILE(table, row, side_file_name(reader, file));
+        GLOBAL_PROPELLER::SET_PROPELLER_VARIABLEENTRAINEDWATERFILE(table, row, side_file_name(file));
+        propeller.SIDEFILEDIR = reader.model_dir;
     }
 
     propeller.HASICEEXCITATION = false;
@@ -286,7 +283,8 @@ bool SECTION_PROPELLERICE(InputReader& reader, int row) {
 
     // The whole line is the name of the ice excitation file.
     reader.next_line();
-    GLOBAL_PROPELLER::SET_PROPELLER_EXCITATIONFILE(table, row, side_file_name(reader, reader.line));
+    GLOBAL_PROPELLER::SET_PROPELLER_EXCITATIONFILE(table, row, side_file_name(reader.line));
+    propeller.SIDEFILEDIR = reader.model_dir;
     propeller.HASICEEXCITATION = true;
     return true;
 }

@@ -53,9 +53,10 @@ void set_rating(Record& machine, double mcrPowerKw, double mcrSpeed) {
 void mark_inertia(MassTable& masses, int id, int componentType, int massType, int componentId);
 
 // A side-file name from the model: the first 1000 characters of `text`, left-adjusted and
-// trimmed. A relative name is joined to the folder of the model file, so that a model
-// folder can be moved with its side files; an absolute or blank name stays as it is.
-std::string side_file_name(const InputReader& reader, const std::string& text);
+// trimmed, as the model wrote it. The record keeps the folder of the model file beside it
+// (SIDEFILEDIR), where a relative name starts when the file is opened, so that a model
+// folder can be moved with its side files and messages name the file as written.
+std::string side_file_name(const std::string& text);
 
 }  // namespace machine_sections
 }  // namespace qm::IMPORTINPUTFILE

@@ -90,6 +90,29 @@ TEST(ReadInputFile, ReadErrorsStopAtTheFirstWithMessageAndLineNumber) {
               "1                             ");
 }
 
+TEST(ReadInputFile, ASectionBehindASwallowedLoadCaseLineIsAReadError) {
+    // The engine's two harmonic file lines are missing: the first takes the LOADCASE line
+    // as its name, the second the head line of the table. The sizing pass stopped at the
+    // LOADCASE line, so the INERTIA section behind it has no row of its own.
+    Read r("INERTIA 1 1 10 0 0\n"
+           "INERTIA 2 1 10 0 0\n"
+           "SHAFT 1 1 2 1 1e6 0 0 0 0 0 0\n"
+           "DIESEL 1 Engine\n"
+           "100 100 2 1 0 0 0 0 1\n"
+           "1\n0\n0\n1\n0\n100\n100\n"
+           "0.5 1 0.4 0 95 0 0 0\n"
+           "LOADCASE\n"
+           "RPM DIESEL\n"
+           "INERTIA 3 1 10 0 0\n"
+           "SHAFT 2 2 3 1 1e6 0 0 0 0 0 0\n");
+    EXPECT_FALSE(r.ok);
+    ASSERT_EQ(r.log.size(), 1U);
+    EXPECT_EQ(r.log[0],
+              line_message("Error occurs when reading \"INERTIA\" behind the LOADCASE line in input file line ", 16));
+    EXPECT_EQ(r.tables.MASS_TABLE.size(), 2);
+    EXPECT_NE(r.tables.DIESEL_TABLE(1).NORMALHARMONICFILE.find("LOADCASE"), std::string::npos);
+}
+
 TEST(ReadInputFile, ValuesBeyondColumn2600CountAsMissing) {
     std::string longline = "INERTIA 1 1 10 0";
     longline += std::string(2600 - longline.size(), ' ');

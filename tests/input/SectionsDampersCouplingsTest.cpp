@@ -27,7 +27,8 @@ TEST(SectionsDampersCouplings, DampersFillTheirRecordsAndMarkInertiasAndTheirSpr
     EXPECT_EQ(v.ABSDAMPING, 1200.5);
     EXPECT_TRUE(v.ISCUSTOMDAMPING);
     // A relative name starts at the model's folder; its comma has become a period.
-    EXPECT_EQ(v.CUSTOMDAMPINGFILE, (m.dir / "dampers/damper.1.txt").string());
+    EXPECT_EQ(v.CUSTOMDAMPINGFILE, "dampers/damper.1.txt");
+    EXPECT_EQ(v.SIDEFILEDIR, m.dir.str());
     EXPECT_EQ(m.tables.MASS_TABLE(1).MASSTYPE, 4);
     EXPECT_EQ(m.tables.MASS_TABLE(1).COMPONENTTYPE, 21);
     EXPECT_EQ(m.tables.MASS_TABLE(1).COMPONENTID, 5);

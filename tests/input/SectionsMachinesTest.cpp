@@ -201,7 +201,8 @@ TEST(DieselSection, HarmonicFilesAreWholeLinesFoundBesideTheModel) {
     EXPECT_FALSE(e.ISFORMULADAMPING);
     EXPECT_EQ(e.VEEFIRINGTYPE, 2);
     EXPECT_TRUE(e.ISGENSET);
-    EXPECT_EQ(e.NORMALHARMONICFILE, (m.dir / "normal firing.txt").string());
+    EXPECT_EQ(e.NORMALHARMONICFILE, "normal firing.txt");  // as written, opened in the model's folder
+    EXPECT_EQ(e.SIDEFILEDIR, m.dir.str());
     EXPECT_EQ(e.MISHARMONICFILE, "/data/mis.txt");
     EXPECT_EQ(e.PMAX, 0.0);
     EXPECT_EQ(m.tables.MASS_TABLE.size(), 3);
@@ -291,7 +292,8 @@ TEST(ReciprocatingPumpSection, HarmonicFileAndSideBOnlyWhenOpposite) {
     const ReciprocatingPumpRecord& p = m.tables.RECIPROCATINGPUMP_TABLE(1);
     EXPECT_EQ(p.DISCHARGEANGLEB[1], 0.0);
     EXPECT_FALSE(p.ISSIMPLIFIEDPRESSURE);
-    EXPECT_EQ(p.PUMPHARMONICFILE, (m.dir / "pump harmonics.txt").string());
+    EXPECT_EQ(p.PUMPHARMONICFILE, "pump harmonics.txt");
+    EXPECT_EQ(p.SIDEFILEDIR, m.dir.str());
     EXPECT_EQ(p.RECIPROCATINGPUMPORDERNUMBER, 0);
 }
 
@@ -373,8 +375,9 @@ TEST(PropellerSection, EntrainedWaterFileIsOneWordOrQuoted) {
     Model m(MASSES + joined(lines) + joined(quoted));
     ASSERT_TRUE(m.ok);
     EXPECT_TRUE(m.tables.PROPELLER_TABLE(1).ISVARIABLEENTRAINEDWATER);
-    EXPECT_EQ(m.tables.PROPELLER_TABLE(1).VARIABLEENTRAINEDWATERFILE, (m.dir / "water").string());
-    EXPECT_EQ(m.tables.PROPELLER_TABLE(2).VARIABLEENTRAINEDWATERFILE, (m.dir / "water table.txt").string());
+    EXPECT_EQ(m.tables.PROPELLER_TABLE(1).VARIABLEENTRAINEDWATERFILE, "water");
+    EXPECT_EQ(m.tables.PROPELLER_TABLE(2).VARIABLEENTRAINEDWATERFILE, "water table.txt");
+    EXPECT_EQ(m.tables.PROPELLER_TABLE(2).SIDEFILEDIR, m.dir.str());
 }
 
 TEST(PropellerSection, EachLineReportsItsOwnMessage) {
@@ -398,7 +401,8 @@ TEST(PropellerIceSection, GoesToThePropellerReadLastWhateverItsId) {
     EXPECT_TRUE(first.HASICEEXCITATION);
     EXPECT_TRUE(first.ISTMAXCORRECTEDWITHACTUALSPEED);
     EXPECT_EQ(first.NSPEEDRATIO, 10);
-    EXPECT_EQ(first.EXCITATIONFILE, (m.dir / "ice data/ice 1.txt").string());
+    EXPECT_EQ(first.EXCITATIONFILE, "ice data/ice 1.txt");
+    EXPECT_EQ(first.SIDEFILEDIR, m.dir.str());
     const PropellerRecord& second = m.tables.PROPELLER_TABLE(2);
     EXPECT_TRUE(second.HASICEEXCITATION);
     EXPECT_EQ(second.NSPEEDRATIO, 2);
