@@ -270,23 +270,14 @@ void write_block(std::ofstream& out, ModelTables& t, int c) {
     }
 }
 
-// The shaft line as a graph of mass rows: ADJNODE(i, k) = 1 both ways for each shaft whose two
-// ends are inertias of the table.
-Array2D<int> mass_row_graph(const ModelTables& t, int NMASS) {
-    Array2D<int> ADJNODE;
-    ADJNODE.allocate(NMASS, NMASS);
-    for (int j = 1; j <= row_count(t.SHAFT_TABLE); ++j) {
-        const int i = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, t.SHAFT_TABLE(j).ORGNODE);
-        const int k = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, t.SHAFT_TABLE(j).DESNODE);
-        if (i < 1 || k < 1) continue;
-        ADJNODE(i, k) = 1;
-        ADJNODE(k, i) = 1;
-    }
-    return ADJNODE;
+// The shaft line as a graph of mass rows: an edge both ways for each shaft whose two ends are
+// inertias of the table.
+GRAPHTHEORY::AdjacencyList mass_row_graph(const ModelTables& t) {
+    return IMPORTINPUTFILE::mass_shaft_graph(t.MASS_TABLE, t.SHAFT_TABLE);
 }
 
 // Cuts the line at shaft j and marks the mass rows of both sides.
-void cut_at_shaft(const ModelTables& t, const Array2D<int>& ADJNODE, int NMASS, int j, Table<int>& ORGVISITEDNODE,
+void cut_at_shaft(const ModelTables& t, const GRAPHTHEORY::AdjacencyList& ADJNODE, int NMASS, int j, Table<int>& ORGVISITEDNODE,
                   Table<int>& DESVISITEDNODE) {
     ORGVISITEDNODE.allocate(NMASS);
     DESVISITEDNODE.allocate(NMASS);
@@ -342,7 +333,7 @@ void CALCULATELOADCASESHAFTPOWER(const ModelTables& t, Array2D<double>& LOADCASE
     const int NLOADCASE = row_count(t.LOADCASE_SPEED);
     LOADCASE_SHAFTPOWER.deallocate();
     LOADCASE_SHAFTPOWER.allocate(NSHAFT, NLOADCASE);
-    const Array2D<int> ADJNODE = mass_row_graph(t, NMASS);
+    const GRAPHTHEORY::AdjacencyList ADJNODE = mass_row_graph(t);
     Table<int> ORGVISITEDNODE, DESVISITEDNODE;
     // power(m, lc): what mass row m feeds in or takes out in each load case
     Array2D<double> power;
@@ -374,7 +365,7 @@ void CALCULATESHAFTINERTIARATIO(const ModelTables& t, std::vector<double>& SHAFT
     // the propeller's ID happens to be the row of its inertia.
     const int propellerRow = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, t.PROPELLER_TABLE(1).PROPELLERNODE);
     if (propellerRow < 1) return;
-    const Array2D<int> ADJNODE = mass_row_graph(t, NMASS);
+    const GRAPHTHEORY::AdjacencyList ADJNODE = mass_row_graph(t);
     Table<int> ORGVISITEDNODE, DESVISITEDNODE;
     for (int j = 1; j <= NSHAFT; ++j) {
         cut_at_shaft(t, ADJNODE, NMASS, j, ORGVISITEDNODE, DESVISITEDNODE);

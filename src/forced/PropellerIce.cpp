@@ -92,7 +92,7 @@ double mass_ratio(const MassTable& MASS_TABLE, int id) {
 bool destination_on_propeller_shaft(const ShaftTable& SHAFT_TABLE, const MassTable& MASS_TABLE,
                                     const PropellerTable& PROPELLER_TABLE, int j) {
     const int N = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
-    const Array2D<int> ADJNODE = IMPORTINPUTFILE::mass_shaft_graph(MASS_TABLE, SHAFT_TABLE, true);
+    const GRAPHTHEORY::AdjacencyList ADJNODE = IMPORTINPUTFILE::mass_shaft_graph(MASS_TABLE, SHAFT_TABLE, true);
     PropellerTable byRow;
     byRow.allocate(PROPELLER_TABLE.size());
     for (int p = 1; p <= PROPELLER_TABLE.size(); ++p)

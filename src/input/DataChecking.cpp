@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 #include "components/DieselHarmonicFile.h"
@@ -14,6 +15,7 @@
 #include "base/Format.h"
 #include "base/GlobalParameter.h"
 #include "base/Log.h"
+#include "base/TextLine.h"
 #include "base/Truncate.h"
 #include "input/GraphTheory.h"
 #include "input/ImportInputFile.h"
@@ -58,34 +60,57 @@ public:
         error(prefix + fmt::I(id, 3) + text + name + ")");
     }
 
-    // For every earlier row with the same ID, one line.
+    // For every earlier row with the same ID, one line. The rows of a table are checked
+    // in order, so a count of the IDs seen so far gives the earlier rows at once.
     template <class Table>
     void duplicates(const Table& table, int row, const std::string& prefix) {
         const int id = table(row).ID;
-        for (int earlier = 1; earlier < row; ++earlier)
-            if (table(earlier).ID == id)
-                error(prefix + fmt::I(id, 3) + " has a index (" + fmt::I(id, 3) + ") used by another one");
+        auto& seen = seen_ids_[static_cast<const void*>(&table)];
+        if (row == 1) seen.clear();
+        const int earlier = seen[id]++;
+        for (int k = 0; k < earlier; ++k)
+            error(prefix + fmt::I(id, 3) + " has a index (" + fmt::I(id, 3) + ") used by another one");
     }
 
 private:
     bool& ok_;
+    std::unordered_map<const void*, std::unordered_map<int, int>> seen_ids_;
+};
+
+// First row of each ID of a table, looked up in constant time: the answer of the lookup
+// by ID, without a scan of the table for every shaft and component.
+class RowsById {
+public:
+    template <class Table>
+    explicit RowsById(const Table& table) {
+        rows_.reserve(static_cast<std::size_t>(row_count(table)));
+        for (int i = 1; i <= row_count(table); ++i) rows_.emplace(table(i).ID, i);
+    }
+    int operator()(int id) const {
+        const auto found = rows_.find(id);
+        return found == rows_.end() ? 0 : found->second;
+    }
+
+private:
+    std::unordered_map<int, int> rows_;
 };
 
 struct Graph {
     int N = 0;
-    Array2D<int> ADJNODE;
+    GRAPHTHEORY::AdjacencyList ADJNODE;
+    RowsById masses;
+    RowsById shafts;
 };
 
-bool listed(const MassTable& masses, int id) { return GLOBAL_MASS::GET_MASS_IMASS(masses, id) != 0; }
-bool listed(const ShaftTable& shafts, int id) { return GLOBAL_SHAFT::GET_SHAFT_ISHAFT(shafts, id) != 0; }
+bool listed(const RowsById& rows, int id) { return rows(id) != 0; }
 
 // A damper's inner part must hang on the system by the spring alone: on the inner side of
-// the spring there is nothing but the inner part.
+// the spring there is nothing but the inner part. That side is what a walk from the inner
+// part reaches without the spring's edge, so it is the inner part alone exactly when the
+// inner part has no edge but to the outer one.
 bool hangs_by_its_spring(const Graph& g, int innerRow, int outerRow) {
-    Table<int> inner, outer;
-    GRAPHTHEORY::UNDIRECTEDGRAPH_TWOBRANCH(g.N, g.ADJNODE, innerRow, outerRow, inner, outer);
-    for (int n = 1; n <= g.N; ++n)
-        if (inner(n) == 1 && n != innerRow) return false;
+    for (int n : g.ADJNODE.neighbours(innerRow))
+        if (n != outerRow) return false;
     return true;
 }
 
@@ -95,8 +120,8 @@ void check_viscous_dampers(Findings& f, ModelTables& t, const Graph& g) {
     for (int i = 1; i <= row_count(table); ++i) {
         ViscousDamperRecord& d = table(i);
         f.duplicates(table, i, prefix);
-        const int casing = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, d.CASINGNODE);
-        const int ring = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, d.RINGNODE);
+        const int casing = g.masses(d.CASINGNODE);
+        const int ring = g.masses(d.RINGNODE);
         if (casing == 0) f.error_node(prefix, d.ID, " has a casing node not listed in Inertia table (", d.CASINGNODE);
         if (ring == 0) f.error_node(prefix, d.ID, " has a ring node not listed in Inertia table (", d.RINGNODE);
         if (d.ISCUSTOMDAMPING) {
@@ -120,15 +145,15 @@ void check_viscous_dampers(Findings& f, ModelTables& t, const Graph& g) {
 
 // Rubber and steel spring dampers: two nodes, the damping and the branch test.
 template <class Table, class Nodes>
-void check_two_node_dampers(Findings& f, const ModelTables& t, const Graph& g, const Table& table,
+void check_two_node_dampers(Findings& f, const Graph& g, const Table& table,
                             const std::string& prefix, const char* innerText, const char* outerText,
                             const char* branchText, Nodes nodes) {
     for (int i = 1; i <= row_count(table); ++i) {
         const auto& d = table(i);
         f.duplicates(table, i, prefix);
         const auto [innerId, outerId] = nodes(d);
-        const int inner = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, innerId);
-        const int outer = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, outerId);
+        const int inner = g.masses(innerId);
+        const int outer = g.masses(outerId);
         if (inner == 0) f.error_node(prefix, d.ID, innerText, innerId);
         if (outer == 0) f.error_node(prefix, d.ID, outerText, outerId);
         if (d.ABSDAMPING < 0.0) f.error_real(prefix, d.ID, " has a negative AbsDamping (", d.ABSDAMPING);
@@ -137,24 +162,24 @@ void check_two_node_dampers(Findings& f, const ModelTables& t, const Graph& g, c
 }
 
 template <class Table>
-void check_coupling_shaft(Findings& f, const ModelTables& t, const Table& table, int i, const std::string& prefix) {
+void check_coupling_shaft(Findings& f, const Graph& g, const Table& table, int i, const std::string& prefix) {
     f.duplicates(table, i, prefix);
-    if (!listed(t.SHAFT_TABLE, table(i).SHAFTNODE))
+    if (!listed(g.shafts, table(i).SHAFTNODE))
         f.error_node(prefix, table(i).ID, " has a shaft node not listed in Shaft table (", table(i).SHAFTNODE);
 }
 
-void check_couplings(Findings& f, const ModelTables& t) {
+void check_couplings(Findings& f, const ModelTables& t, const Graph& g) {
     const std::string linear = "Error: Linear coupling ";
     for (int i = 1; i <= row_count(t.LINEARCOUPLING_TABLE); ++i) {
         const LinearCouplingRecord& c = t.LINEARCOUPLING_TABLE(i);
-        check_coupling_shaft(f, t, t.LINEARCOUPLING_TABLE, i, linear);
+        check_coupling_shaft(f, g, t.LINEARCOUPLING_TABLE, i, linear);
         if (!(c.NOMINALSTIFFNESS > 0.0))
             f.error_real(linear, c.ID, " has a zero or negative nominal stiffness (", c.NOMINALSTIFFNESS);
     }
     const std::string progressive = "Error: Progressive coupling ";
     for (int i = 1; i <= row_count(t.PROGRESSIVECOUPLING_TABLE); ++i) {
         const ProgressiveCouplingRecord& c = t.PROGRESSIVECOUPLING_TABLE(i);
-        check_coupling_shaft(f, t, t.PROGRESSIVECOUPLING_TABLE, i, progressive);
+        check_coupling_shaft(f, g, t.PROGRESSIVECOUPLING_TABLE, i, progressive);
         const double torque = GLOBAL_PROGRESSIVECOUPLING::GET_PROGRESSIVECOUPLING_NOMINALTORQUE(t.PROGRESSIVECOUPLING_TABLE, i);
         if (!(torque > 0.0)) f.error_real(progressive, c.ID, " has a zero or negative nominal torque (", torque);
         bool negative = false;
@@ -164,7 +189,7 @@ void check_couplings(Findings& f, const ModelTables& t) {
     const std::string geislinger = "Error: Geislinger coupling ";
     for (int i = 1; i <= row_count(t.GEISLINGERCOUPLING_TABLE); ++i) {
         const GeislingerCouplingRecord& c = t.GEISLINGERCOUPLING_TABLE(i);
-        check_coupling_shaft(f, t, t.GEISLINGERCOUPLING_TABLE, i, geislinger);
+        check_coupling_shaft(f, g, t.GEISLINGERCOUPLING_TABLE, i, geislinger);
         if (!(c.NOMINALTORQUE > 0.0))
             f.error_real(geislinger, c.ID, " has a zero or negative nominal torque (", c.NOMINALTORQUE);
         if (!(c.STATICSTIFFNESS > 0.0))
@@ -177,7 +202,7 @@ void check_couplings(Findings& f, const ModelTables& t) {
     }
 }
 
-void check_diesels(Findings& f, const ModelTables& t) {
+void check_diesels(Findings& f, const ModelTables& t, const Graph& g) {
     const std::string prefix = "Error: Diesel ";
     const DieselTable& table = t.DIESEL_TABLE;
     constexpr double TOLERANCE = 0.10000000149011612;
@@ -211,7 +236,7 @@ void check_diesels(Findings& f, const ModelTables& t) {
         if (!(d.MCRSPEED > 0.0)) f.error_real(prefix, d.ID, " has a zero or negative mcr speed (", d.MCRSPEED);
         if (d.NCYLINDER <= 0) f.error_node(prefix, d.ID, " has a zero or negative number of cylinders (", d.NCYLINDER);
         for (int j = 0; j < ncyl; ++j)
-            if (!listed(t.MASS_TABLE, d.CYLINDERS[static_cast<std::size_t>(j)]))
+            if (!listed(g.masses, d.CYLINDERS[static_cast<std::size_t>(j)]))
                 f.error_node(prefix, d.ID, " has cylinder node not listed in Inertia table (",
                              d.CYLINDERS[static_cast<std::size_t>(j)]);
         if (!(d.BORE > 0.0)) f.error_real(prefix, d.ID, " has a zero or negative cylinder diameter (", d.BORE);
@@ -236,7 +261,7 @@ void check_diesels(Findings& f, const ModelTables& t) {
                     continue;
                 }
                 bool accessible = false;
-                ISFILEACCESSABLE(name, accessible);
+                ISFILEACCESSABLE(side_file_path(d.SIDEFILEDIR, name), accessible);
                 if (!accessible) f.error_name(prefix, d.ID, unreadableText, name);
             }
         } else {
@@ -256,7 +281,7 @@ void check_diesels(Findings& f, const ModelTables& t) {
     }
 }
 
-void check_reciprocating_pumps(Findings& f, const ModelTables& t) {
+void check_reciprocating_pumps(Findings& f, const ModelTables& t, const Graph& g) {
     const std::string first = "Error: ReciprocatingPump ", rest = "Error: Reciprocating pump ";
     const ReciprocatingPumpTable& table = t.RECIPROCATINGPUMP_TABLE;
     for (int i = 1; i <= row_count(table); ++i) {
@@ -266,7 +291,7 @@ void check_reciprocating_pumps(Findings& f, const ModelTables& t) {
         if (!(p.MCRSPEED > 0.0)) f.error_real(first, p.ID, " has a zero or negative mcr speed (", p.MCRSPEED);
         if (p.NCYLINDER <= 0) f.error_node(rest, p.ID, " has a zero or negative number of cylinders (", p.NCYLINDER);
         for (int j = 0; j < p.NCYLINDER && j < 20; ++j)
-            if (!listed(t.MASS_TABLE, p.CYLINDERS[static_cast<std::size_t>(j)]))
+            if (!listed(g.masses, p.CYLINDERS[static_cast<std::size_t>(j)]))
                 f.error_node(rest, p.ID, " has cylinder node not listed in Inertia table (",
                              p.CYLINDERS[static_cast<std::size_t>(j)]);
         if (!(p.BORE > 0.0)) f.error_real(rest, p.ID, " has a zero or negative cylinder diameter (", p.BORE);
@@ -279,7 +304,7 @@ void check_reciprocating_pumps(Findings& f, const ModelTables& t) {
             bool accessible = false;
             if (name.empty())
                 f.error(rest, p.ID, " must specify the address of harmonic component file");
-            else if (ISFILEACCESSABLE(name, accessible), !accessible)
+            else if (ISFILEACCESSABLE(side_file_path(p.SIDEFILEDIR, name), accessible), !accessible)
                 f.error_name(rest, p.ID, " has a harmonic file unaccessable (", name);
         }
     }
@@ -287,12 +312,12 @@ void check_reciprocating_pumps(Findings& f, const ModelTables& t) {
 
 // Motors, turbines, generators and centrifugal pumps: duplicate, node, rating.
 template <class Table, class Node>
-void check_machines(Findings& f, const ModelTables& t, const Table& table, const std::string& duplicatePrefix,
+void check_machines(Findings& f, const Graph& g, const Table& table, const std::string& duplicatePrefix,
                     const std::string& prefix, const char* nodeText, Node node) {
     for (int i = 1; i <= row_count(table); ++i) {
         const auto& m = table(i);
         f.duplicates(table, i, duplicatePrefix);
-        if (!listed(t.MASS_TABLE, node(m))) f.error_node(prefix, m.ID, nodeText, node(m));
+        if (!listed(g.masses, node(m))) f.error_node(prefix, m.ID, nodeText, node(m));
         if (!(m.MCRPOWER > 0.0)) f.error_real(prefix, m.ID, " has a zero or negative mcr power (", m.MCRPOWER);
         if (!(m.MCRSPEED > 0.0)) f.error_real(prefix, m.ID, " has a zero or negative mcr speed (", m.MCRSPEED);
     }
@@ -348,7 +373,7 @@ void check_inertias(Findings& f, const ModelTables& t) {
     }
 }
 
-void check_shafts(Findings& f, const ModelTables& t) {
+void check_shafts(Findings& f, const ModelTables& t, const Graph& g) {
     const std::string prefix = "Error: Shaft ";
     if (!t.SHAFT_TABLE.allocated()) {
         f.error("Error: No stiffness is defined");
@@ -357,9 +382,9 @@ void check_shafts(Findings& f, const ModelTables& t) {
     for (int i = 1; i <= row_count(t.SHAFT_TABLE); ++i) {
         const ShaftRecord& s = t.SHAFT_TABLE(i);
         f.duplicates(t.SHAFT_TABLE, i, prefix);
-        if (!listed(t.MASS_TABLE, s.ORGNODE))
+        if (!listed(g.masses, s.ORGNODE))
             f.error_node(prefix, s.ID, " has an orginal node not listed in Inertia table (", s.ORGNODE);
-        if (!listed(t.MASS_TABLE, s.DESNODE))
+        if (!listed(g.masses, s.DESNODE))
             f.error_node(prefix, s.ID, " has a destinational node not listed in Inertia table (", s.DESNODE);
         if (!(s.RPMRATIO > 0.0)) f.error_real(prefix, s.ID, " has a zero or negative rpm ratio (", s.RPMRATIO);
         if (!(s.STIFFNESS > 0.0)) f.error_real(prefix, s.ID, " has a zero or negative Stiffness (", s.STIFFNESS);
@@ -421,43 +446,42 @@ void DATACHECKING(bool& ISSUCCESS, ModelTables& t, int CALCULATIONTYPE) {
     Findings f(ISSUCCESS);
     GLOBAL_PARAMETER::GETFILEID();
     GLOBAL_PARAMETER::GETFILEID();
-    Graph g;
-    g.N = GLOBAL_MASS::GET_MASS_NUMBER(t.MASS_TABLE);
-    g.ADJNODE = mass_shaft_graph(t.MASS_TABLE, t.SHAFT_TABLE);
+    Graph g{GLOBAL_MASS::GET_MASS_NUMBER(t.MASS_TABLE), mass_shaft_graph(t.MASS_TABLE, t.SHAFT_TABLE),
+            RowsById(t.MASS_TABLE), RowsById(t.SHAFT_TABLE)};
 
     check_viscous_dampers(f, t, g);
-    check_two_node_dampers(f, t, g, t.RUBBERDAMPER_TABLE, "Error: Rubber damper ",
+    check_two_node_dampers(f, g, t.RUBBERDAMPER_TABLE, "Error: Rubber damper ",
                            " has a turning node not listed in Inertia table (",
                            " has a drive plate node not listed in Inertia table (",
                            " has the turning mass linked to other inertia",
                            [](const RubberDamperRecord& d) { return std::pair{d.TURNINGMASSNODE, d.DRIVEPLATENODE}; });
-    check_two_node_dampers(f, t, g, t.STEELSPRINGDAMPER_TABLE, "Error: Steel spring damper ",
+    check_two_node_dampers(f, g, t.STEELSPRINGDAMPER_TABLE, "Error: Steel spring damper ",
                            " has a outer member node not listed in Inertia table (",
                            " has a inner member node not listed in Inertia table (",
                            " has the outer member linked to other inertia", [](const SteelSpringDamperRecord& d) {
                                return std::pair{d.OUTERMEMBERNODE, d.INNERMEMBERNODE};
                            });
-    check_couplings(f, t);
-    check_diesels(f, t);
-    check_reciprocating_pumps(f, t);
-    check_machines(f, t, t.ELECTRICMOTOR_TABLE, "Error: Electric motor ", "Error: Eletric motor ",
+    check_couplings(f, t, g);
+    check_diesels(f, t, g);
+    check_reciprocating_pumps(f, t, g);
+    check_machines(f, g, t.ELECTRICMOTOR_TABLE, "Error: Electric motor ", "Error: Eletric motor ",
                    " has a electric motor node not listed in Inertia table (",
                    [](const ElectricMotorRecord& m) { return m.ELECTRICMOTORNODE; });
-    check_machines(f, t, t.GASTURBINE_TABLE, "Error: Gas turbine ", "Error: Gas turbine ",
+    check_machines(f, g, t.GASTURBINE_TABLE, "Error: Gas turbine ", "Error: Gas turbine ",
                    " has a electric motor node not listed in Inertia table (",
                    [](const GasTurbineRecord& m) { return m.GASTURBINENODE; });
-    check_machines(f, t, t.STEAMTURBINE_TABLE, "Error: Steam turbine ", "Error: Steam turbine ",
+    check_machines(f, g, t.STEAMTURBINE_TABLE, "Error: Steam turbine ", "Error: Steam turbine ",
                    " has a electric motor node not listed in Inertia table (",
                    [](const SteamTurbineRecord& m) { return m.STEAMTURBINENODE; });
     check_propellers(f, t);
-    check_machines(f, t, t.GENERATOR_TABLE, "Error: Generator ", "Error: Generator ",
+    check_machines(f, g, t.GENERATOR_TABLE, "Error: Generator ", "Error: Generator ",
                    " has a electric motor node not listed in Inertia table (",
                    [](const GeneratorRecord& m) { return m.GENERATORNODE; });
-    check_machines(f, t, t.CENTRIFUGALPUMP_TABLE, "Error: Centrifugal pump ", "Error: Centrifugal pump ",
+    check_machines(f, g, t.CENTRIFUGALPUMP_TABLE, "Error: Centrifugal pump ", "Error: Centrifugal pump ",
                    " has a Centrifugal pump node not listed in Inertia table (",
                    [](const CentrifugalPumpRecord& m) { return m.CENTRIFUGALPUMPNODE; });
     check_inertias(f, t);
-    check_shafts(f, t);
+    check_shafts(f, t, g);
 
     // The graph is judged only on an otherwise clean model.
     if (f.clean()) {

@@ -1,39 +1,74 @@
 #include "input/GraphTheory.h"
 
-#include <vector>
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
 
 namespace qm::GRAPHTHEORY {
 
 namespace {
 bool in_range(int N, int node) { return node >= 1 && node <= N; }
-}  // namespace
 
-void UNDIRECTEDGRAPH_TRAVERSALDFS(int N, const Array2D<int>& ADJNODE, Table<int>& VISITEDNODE, int start) {
+// Depth-first walk from `start` that does not use the edges between `cutA` and `cutB` (in
+// either direction; 0 cuts nothing). Each stack entry remembers how far its neighbour list
+// has been scanned: nodes once marked stay marked, so the scan never needs to start again,
+// and the walk visits the nodes in the order of a full rescan of rising neighbours.
+void walk(int N, const AdjacencyList& ADJNODE, Table<int>& VISITEDNODE, int start, int cutA, int cutB) {
     VISITEDNODE.allocate(N);
-    if (!in_range(N, start)) return;
-    std::vector<int> stack;
-    stack.reserve(static_cast<std::size_t>(N));
+    if (!in_range(N, start) || ADJNODE.nodes() < N) return;
+    std::vector<std::pair<int, std::size_t>> stack;
     VISITEDNODE(start) = 1;
-    stack.push_back(start);
+    stack.emplace_back(start, 0);
     while (!stack.empty()) {
-        const int top = stack.back();
-        int next = 0;
-        for (int j = 1; j <= N; ++j) {
-            if (ADJNODE(top, j) == 1 && VISITEDNODE(j) == 0) {
-                next = j;
+        auto& [top, position] = stack.back();
+        const std::vector<int>& next = ADJNODE.neighbours(top);
+        int found = 0;
+        while (position < next.size()) {
+            const int j = next[position++];
+            const bool cut = (top == cutA && j == cutB) || (top == cutB && j == cutA);
+            if (!cut && in_range(N, j) && VISITEDNODE(j) == 0) {
+                found = j;
                 break;
             }
         }
-        if (next != 0) {
-            VISITEDNODE(next) = 1;
-            stack.push_back(next);
+        if (found != 0) {
+            VISITEDNODE(found) = 1;
+            stack.emplace_back(found, 0);
         } else {
             stack.pop_back();
         }
     }
 }
+}  // namespace
 
-void UNDIRECTEDGRAPH_ISCONNECTED(int N, const Array2D<int>& ADJNODE, bool& connected) {
+void AdjacencyList::allocate(int N) {
+    next_.clear();
+    next_.resize(static_cast<std::size_t>(N > 0 ? N : 0) + 1);
+}
+
+void AdjacencyList::add_edge(int i, int j) {
+    if (!in_range(nodes(), i) || !in_range(nodes(), j)) return;
+    next_[static_cast<std::size_t>(i)].push_back(j);
+}
+
+void AdjacencyList::finish() {
+    for (std::vector<int>& list : next_) {
+        std::sort(list.begin(), list.end());
+        list.erase(std::unique(list.begin(), list.end()), list.end());
+    }
+}
+
+bool AdjacencyList::has_edge(int i, int j) const {
+    if (!in_range(nodes(), i)) return false;
+    const std::vector<int>& list = next_[static_cast<std::size_t>(i)];
+    return std::binary_search(list.begin(), list.end(), j);
+}
+
+void UNDIRECTEDGRAPH_TRAVERSALDFS(int N, const AdjacencyList& ADJNODE, Table<int>& VISITEDNODE, int start) {
+    walk(N, ADJNODE, VISITEDNODE, start, 0, 0);
+}
+
+void UNDIRECTEDGRAPH_ISCONNECTED(int N, const AdjacencyList& ADJNODE, bool& connected) {
     Table<int> visited;
     UNDIRECTEDGRAPH_TRAVERSALDFS(N, ADJNODE, visited, 1);
     connected = true;
@@ -43,36 +78,39 @@ void UNDIRECTEDGRAPH_ISCONNECTED(int N, const Array2D<int>& ADJNODE, bool& conne
 
 void UNDIRECTEDGRAPH_ISCYCLEEXIST(int N, int nEdge, bool& cycle) { cycle = N != nEdge + 1; }
 
-void UNDIRECTEDGRAPH_TWOBRANCH(int N, const Array2D<int>& ADJNODE, int origin, int destination,
+void UNDIRECTEDGRAPH_TWOBRANCH(int N, const AdjacencyList& ADJNODE, int origin, int destination,
                                Table<int>& ORGVISITEDNODE, Table<int>& DESVISITEDNODE) {
-    Array2D<int> COPYADJNODE = ADJNODE;
-    if (in_range(N, origin) && in_range(N, destination)) {
-        COPYADJNODE(origin, destination) = 0;
-        COPYADJNODE(destination, origin) = 0;
-    }
-    UNDIRECTEDGRAPH_TRAVERSALDFS(N, COPYADJNODE, ORGVISITEDNODE, origin);
-    UNDIRECTEDGRAPH_TRAVERSALDFS(N, COPYADJNODE, DESVISITEDNODE, destination);
+    const bool cut = in_range(N, origin) && in_range(N, destination);
+    walk(N, ADJNODE, ORGVISITEDNODE, origin, cut ? origin : 0, cut ? destination : 0);
+    walk(N, ADJNODE, DESVISITEDNODE, destination, cut ? origin : 0, cut ? destination : 0);
 }
 
-void ISDESNODELOCATEDONPROPELLERSHAFT(const PropellerTable& PROPELLER_TABLE, int N, const Array2D<int>& ADJNODE,
+void ISDESNODELOCATEDONPROPELLERSHAFT(const PropellerTable& PROPELLER_TABLE, int N, const AdjacencyList& ADJNODE,
                                       int node, int& propellerRow, bool& located) {
     located = false;
     propellerRow = 0;
+    if (ADJNODE.nodes() < N) return;
+    // The edges into each node, so that an edge counts from either end.
+    std::vector<std::vector<int>> into(static_cast<std::size_t>(N > 0 ? N : 0) + 1);
+    for (int i = 1; i <= N; ++i)
+        for (int j : ADJNODE.neighbours(i))
+            if (in_range(N, j)) into[static_cast<std::size_t>(j)].push_back(i);
     Table<int> visited;
     visited.allocate(N);
     for (int p = 1; p <= row_count(PROPELLER_TABLE); ++p) {
         int current = PROPELLER_TABLE(p).PROPELLERNODE;
         if (!in_range(N, current)) continue;
         visited(current) = 1;
-        int edges = 0;
-        while (edges < 3) {
-            edges = 0;
+        for (;;) {
+            // Edges at the current node, and the highest of their other ends not yet walked.
+            int edges = 0;
             int neighbour = 0;
-            for (int i = 1; i <= N; ++i) {
-                for (int hit : {ADJNODE(i, current), ADJNODE(current, i)}) {
-                    if (hit != 1) continue;
+            const std::vector<int>& incoming = into[static_cast<std::size_t>(current)];
+            for (const std::vector<int>* list : {&ADJNODE.neighbours(current), &incoming}) {
+                for (int i : *list) {
+                    if (!in_range(N, i)) continue;
                     ++edges;
-                    if (visited(i) == 0) neighbour = i;
+                    if (visited(i) == 0) neighbour = std::max(neighbour, i);
                 }
             }
             if (edges >= 3) break;  // a junction ends the free shaft
@@ -92,24 +130,34 @@ void ISDESNODELOCATEDONPROPELLERSHAFT(const PropellerTable& PROPELLER_TABLE, int
 
 namespace qm::IMPORTINPUTFILE {
 
-Array2D<int> mass_shaft_graph(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, bool directed) {
+GRAPHTHEORY::AdjacencyList mass_shaft_graph(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
+                                            bool directed) {
     const int N = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
-    Array2D<int> ADJNODE;
-    ADJNODE.allocate(N, N);
+    // Row of each ID, the first where an ID repeats, as the lookup by ID gives it.
+    std::unordered_map<int, int> row_of_id;
+    row_of_id.reserve(static_cast<std::size_t>(N));
+    for (int i = 1; i <= N; ++i) row_of_id.emplace(MASS_TABLE(i).ID, i);
+    auto row = [&](int id) {
+        const auto found = row_of_id.find(id);
+        return found == row_of_id.end() ? 0 : found->second;
+    };
+    GRAPHTHEORY::AdjacencyList ADJNODE;
+    ADJNODE.allocate(N);
     for (int s = 1; s <= GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE); ++s) {
-        const int i = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, SHAFT_TABLE(s).ORGNODE);
-        const int j = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, SHAFT_TABLE(s).DESNODE);
+        const int i = row(SHAFT_TABLE(s).ORGNODE);
+        const int j = row(SHAFT_TABLE(s).DESNODE);
         if (i == 0 || j == 0) continue;
-        ADJNODE(i, j) = 1;
-        if (!directed) ADJNODE(j, i) = 1;
+        ADJNODE.add_edge(i, j);
+        if (!directed) ADJNODE.add_edge(j, i);
     }
+    ADJNODE.finish();
     return ADJNODE;
 }
 
 void MASSSHAFTGRAPHCHECK(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, bool& connected, bool& cycle) {
     const int N = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
     const int nEdge = GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE);
-    const Array2D<int> ADJNODE = mass_shaft_graph(MASS_TABLE, SHAFT_TABLE);
+    const GRAPHTHEORY::AdjacencyList ADJNODE = mass_shaft_graph(MASS_TABLE, SHAFT_TABLE);
     GRAPHTHEORY::UNDIRECTEDGRAPH_ISCONNECTED(N, ADJNODE, connected);
     cycle = false;
     if (connected) GRAPHTHEORY::UNDIRECTEDGRAPH_ISCYCLEEXIST(N, nEdge, cycle);

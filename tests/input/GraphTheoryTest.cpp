@@ -49,7 +49,7 @@ TEST(GraphTheory, ConnectionAndCycleOfTheTables) {
 
 TEST(GraphTheory, TwoBranchesOfAShaftAndTheCallersMatrixUntouched) {
     // A tree: 1-2-3-4 with a branch 2-5.
-    const Array2D<int> adj =
+    const AdjacencyList adj =
         IMPORTINPUTFILE::mass_shaft_graph(masses(5), shafts({{10, 20}, {20, 30}, {30, 40}, {20, 50}}));
     Table<int> org, des;
     UNDIRECTEDGRAPH_TWOBRANCH(5, adj, 2, 3, org, des);
@@ -57,16 +57,41 @@ TEST(GraphTheory, TwoBranchesOfAShaftAndTheCallersMatrixUntouched) {
     EXPECT_EQ((std::vector<int>(des.data(), des.data() + 5)), (std::vector<int>{0, 0, 1, 1, 0}));
     UNDIRECTEDGRAPH_TWOBRANCH(5, adj, 3, 4, org, des);  // the end shaft: one node on its side
     EXPECT_EQ((std::vector<int>(des.data(), des.data() + 5)), (std::vector<int>{0, 0, 0, 1, 0}));
-    EXPECT_EQ(adj(2, 3), 1);
-    EXPECT_EQ(adj(3, 2), 1);
+    EXPECT_TRUE(adj.has_edge(2, 3));
+    EXPECT_TRUE(adj.has_edge(3, 2));
+}
+
+TEST(GraphTheory, LongLinesAndParallelShafts) {
+    // A line of 100000 inertias: connected, no cycle, and no matrix of its square.
+    const int n = 100000;
+    const MassTable m = masses(n);
+    ShaftTable line;
+    line.allocate(n - 1);
+    for (int i = 1; i < n; ++i) {
+        line(i).ORGNODE = 10 * i;
+        line(i).DESNODE = 10 * (i + 1);
+    }
+    bool connected = false, cycle = true;
+    IMPORTINPUTFILE::MASSSHAFTGRAPHCHECK(m, line, connected, cycle);
+    EXPECT_TRUE(connected);
+    EXPECT_FALSE(cycle);
+
+    // Two shafts between 2 and 3 are one edge of the lists; a split passes over both.
+    const AdjacencyList adj = IMPORTINPUTFILE::mass_shaft_graph(masses(4), shafts({{10, 20}, {20, 30}, {30, 20}, {30, 40}}));
+    EXPECT_EQ(adj.neighbours(2), (std::vector<int>{1, 3}));
+    Table<int> org, des;
+    UNDIRECTEDGRAPH_TWOBRANCH(4, adj, 2, 3, org, des);
+    EXPECT_EQ((std::vector<int>(org.data(), org.data() + 4)), (std::vector<int>{1, 1, 0, 0}));
+    EXPECT_EQ((std::vector<int>(des.data(), des.data() + 4)), (std::vector<int>{0, 0, 1, 1}));
 }
 
 TEST(GraphTheory, PropellerShaftRunsFromThePropellerToTheFirstJunction) {
     // Directed by node IDs: 1-2-3 (3 a junction with 4 and 7), 3-4-5-6 with the propeller at 6.
     const int N = 7;
-    Array2D<int> adj;
-    adj.allocate(N, N);
-    for (auto [a, b] : {std::pair{1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {3, 7}}) adj(a, b) = 1;
+    AdjacencyList adj;
+    adj.allocate(N);
+    for (auto [a, b] : {std::pair{1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {3, 7}}) adj.add_edge(a, b);
+    adj.finish();
     PropellerTable props;
     props.allocate(1);
     props(1).PROPELLERNODE = 6;
