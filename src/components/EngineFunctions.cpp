@@ -7,19 +7,18 @@
 
 namespace qm::ENGINE_FUNCTIONS {
 
+// In IEEE arithmetic: at standstill with power the ratio is infinite and the cap makes it
+// 1.1; zero power at standstill has no ratio (NaN), which passes through the laws.
 double torque_ratio(double P0, double N0, double P, double N) {
-    double r = (P / N) / (P0 / N0);
-    if (!std::isfinite(r)) r = 0.0;
-    return std::min(r, TORQUERATIO_MAX);
+    const double r = (P / N) / (P0 / N0);
+    return r > TORQUERATIO_MAX ? TORQUERATIO_MAX : r;
 }
 
 double CALCULATE_MEP(double power, double speed, double bore, int nStroke, double stroke) {
     // Working cycles per minute divide the speed: 60 for a two-stroke, 120 for a
     // four-stroke engine, formed in single precision.
     const double cycle = static_cast<double>(60.0F * static_cast<float>(nStroke) * 0.5F);
-    const double denominator = speed / cycle * PI_SINGLE * std::pow(bore, 2) * 0.25 * stroke;
-    if (denominator == 0.0 || !std::isfinite(denominator)) return 0.0;
-    return power / denominator;
+    return power / (speed / cycle * PI_SINGLE * std::pow(bore, 2) * 0.25 * stroke);
 }
 
 double CALCULATE_MIP(double /*mepNow*/, double mep, double load, double me, double mipMax) {

@@ -48,18 +48,22 @@ bool GET_DIESEL_CONTAINFORMULADAMPING(const DieselTable& table) {
 }
 
 void SET_DIESEL_VEEFIRINGTYPE(DieselTable& table, int i, int value) {
+    if (!is_row(table, i)) return;
     table(i).VEEFIRINGTYPE = value >= 0 && value <= 2 ? value : 2;
 }
 
 void SET_DIESEL_NAME(DieselTable& table, int i, const std::string& value) {
+    if (!is_row(table, i)) return;
     table(i).NAME = fixed_text(value, NAMELENGTH);
 }
 
 void SET_DIESEL_NORMALHARMONICFILE(DieselTable& table, int i, const std::string& value) {
+    if (!is_row(table, i)) return;
     table(i).NORMALHARMONICFILE = fixed_text(value, GLOBAL_PARAMETER::FILENAME_LENGTH);
 }
 
 void SET_DIESEL_MISHARMONICFILE(DieselTable& table, int i, const std::string& value) {
+    if (!is_row(table, i)) return;
     table(i).MISHARMONICFILE = fixed_text(value, GLOBAL_PARAMETER::FILENAME_LENGTH);
 }
 
@@ -70,17 +74,20 @@ int cylinder_status(const DieselRecord& engine, int cylinder, bool isBankA) {
 }
 
 void CALCULATE_DIESEL_TORQUE(DieselTable& table, int i) {
+    if (!is_row(table, i)) return;
     DieselRecord& engine = table(i);
     const double omega = PI * engine.SPEED / 30.0;
-    engine.TORQUE = omega == 0.0 ? 0.0 : engine.POWER / omega;
+    engine.TORQUE = engine.POWER / omega;
 }
 
 void CALCULATE_DIESEL_LOADPERCENTAGE(DieselTable& table, int i) {
+    if (!is_row(table, i)) return;
     DieselRecord& engine = table(i);
-    engine.LOADPERCENTAGE = engine.MCRTORQUE == 0.0 ? 0.0 : engine.TORQUE / engine.MCRTORQUE;
+    engine.LOADPERCENTAGE = engine.TORQUE / engine.MCRTORQUE;
 }
 
 int GET_DIESEL_NFIRINGCYLINDER(const DieselTable& table, int i) {
+    if (!is_row(table, i)) return 0;
     const DieselRecord& engine = table(i);
     int n = 0;
     for (int j = 1; j <= cylinders_per_bank(engine); ++j) {
@@ -91,6 +98,7 @@ int GET_DIESEL_NFIRINGCYLINDER(const DieselTable& table, int i) {
 }
 
 double GET_DIESEL_POWERCYLPERCENTINCREASED(const DieselTable& table, int i) {
+    if (!is_row(table, i)) return 0.0;
     const DieselRecord& engine = table(i);
     const int n = GET_DIESEL_NFIRINGCYLINDER(table, i);
     int c = 0;
@@ -112,13 +120,13 @@ double GET_DIESEL_POWERCYLPERCENTINCREASED(const DieselTable& table, int i) {
 }
 
 double CALCULATE_DIESEL_MEPMCR(const DieselTable& table, int i, bool firingOnly) {
+    if (!is_row(table, i)) return 0.0;
     const DieselRecord& engine = table(i);
     int z = engine.NCYLINDER;
     if (firingOnly)
         z = GET_DIESEL_NFIRINGCYLINDER(table, i);
     else if (engine.ISVENGINE)
         z = 2 * engine.NCYLINDER;
-    if (z == 0) return 0.0;
     const double pc = engine.MCRPOWER / z;
     return ENGINE_FUNCTIONS::CALCULATE_MEP(pc, engine.MCRSPEED, engine.BORE, engine.NSTROKE,
                                            engine.STROKE);
@@ -127,6 +135,7 @@ double CALCULATE_DIESEL_MEPMCR(const DieselTable& table, int i, bool firingOnly)
 void CALCULATE_DIESEL_LOADCASESETTING(DieselTable& table, int i,
                                       const LoadCaseGensetTable& gensetTable, int cylinder,
                                       bool isBankA) {
+    if (!is_row(table, i)) return;
     using namespace ENGINE_FUNCTIONS;
     DieselRecord& engine = table(i);
 
@@ -164,10 +173,9 @@ void CALCULATE_DIESEL_LOADCASESETTING(DieselTable& table, int i,
         engine.PMAXRPM = pMax;
     }
 
-    // Mean effective pressure of the load case; none at standstill.
-    const double sweptRate =
-        N / (60.0 * engine.NSTROKE * 0.5) * PI * std::pow(engine.BORE, 2) * 0.25 * engine.STROKE;
-    engine.MEPRPM = sweptRate == 0.0 || !std::isfinite(sweptRate) ? 0.0 : P / sweptRate;
+    // Mean effective pressure of the load case; infinite at standstill with power.
+    engine.MEPRPM =
+        P / (N / (60.0 * engine.NSTROKE * 0.5) * PI * std::pow(engine.BORE, 2) * 0.25 * engine.STROKE);
 
     double m1 = CALCULATE_DIESEL_MEPMCR(table, i, true);
     const double m2 = CALCULATE_DIESEL_MEPMCR(table, i, false);
@@ -178,12 +186,14 @@ void CALCULATE_DIESEL_LOADCASESETTING(DieselTable& table, int i,
 }
 
 double CALCULATE_DIESEL_DAMPING_CYLINDER(const DieselTable& table, int i, double order) {
+    if (!is_row(table, i)) return 0.0;
     if (i < 1 || !table(i).ISFORMULADAMPING) return 0.0;
     const DieselRecord& engine = table(i);
     return formula_damping(engine.CYLABSDAMPING, engine.EXPCYLABSDAMPING, order, engine.SPEED);
 }
 
 double CALCULATE_DIESEL_DAMPING_CRANKTHROW(const DieselTable& table, int i, double order) {
+    if (!is_row(table, i)) return 0.0;
     if (i < 1 || !table(i).ISFORMULADAMPING) return 0.0;
     const DieselRecord& engine = table(i);
     return formula_damping(engine.CRANKRELDAMPING, engine.EXPCRANKRELDAMPING, order, engine.SPEED);

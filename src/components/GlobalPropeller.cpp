@@ -40,15 +40,18 @@ int GET_PROPELLER_IPROPELLER(const PropellerTable& table, int id) {
 }
 
 void SET_PROPELLER_EXCITATIONFILE(PropellerTable& table, int i, const std::string& value) {
+    if (!is_row(table, i)) return;
     table(i).EXCITATIONFILE = fixed_text(value, GLOBAL_PARAMETER::FILENAME_LENGTH);
 }
 
 void SET_PROPELLER_VARIABLEENTRAINEDWATERFILE(PropellerTable& table, int i,
                                               const std::string& value) {
+    if (!is_row(table, i)) return;
     table(i).VARIABLEENTRAINEDWATERFILE = fixed_text(value, GLOBAL_PARAMETER::FILENAME_LENGTH);
 }
 
 int GET_PROPELLER_NICEFOURIERORDERS(const PropellerTable& table, int i) {
+    if (!is_row(table, i)) return 0;
     return 4 * table(i).NBLADE + 1;
 }
 
@@ -67,12 +70,14 @@ bool GET_PROPELLER_ISMODELCONSIDERPHASEANGLE(const PropellerTable& table) {
 }
 
 double CALCULATE_SPEEDRATIO(const PropellerTable& table, int i) {
+    if (!is_row(table, i)) return 0.0;
     const PropellerRecord& p = table(i);
     return p.MCRSPEED == 0.0 ? 0.0 : p.SPEED / p.MCRSPEED;
 }
 
 void CALCULATE_PROPELLER_INERTIATOTAL(bool isFreeVibration, PropellerTable& table, int i,
                                       int loadCase) {
+    if (!is_row(table, i)) return;
     PropellerRecord& p = table(i);
     double water = p.INERTIAWATER;
     if (p.ISVARIABLEENTRAINEDWATER && !isFreeVibration)
@@ -81,6 +86,7 @@ void CALCULATE_PROPELLER_INERTIATOTAL(bool isFreeVibration, PropellerTable& tabl
 }
 
 double CALCULATE_PROPELLER_CURRENTINERTIAWATER(const PropellerTable& table, int i, int loadCase) {
+    if (!is_row(table, i)) return 0.0;
     const PropellerRecord& p = table(i);
     const auto entries = static_cast<int>(p.VARIABLEENTRAINEDWATERTABLE.size());
     if (loadCase >= 1 && loadCase <= p.NLOADCASE && loadCase <= entries)
@@ -90,6 +96,7 @@ double CALCULATE_PROPELLER_CURRENTINERTIAWATER(const PropellerTable& table, int 
 }
 
 double CALCULATE_PROPELLER_SCHWANECHEDAMPING(const PropellerTable& table, int i) {
+    if (!is_row(table, i)) return 0.0;
     const PropellerRecord& p = table(i);
     // Integral over the blade from boss to tip, in the ratio x of the diameters.
     double a = 0.0;
@@ -111,11 +118,13 @@ double CALCULATE_PROPELLER_SCHWANECHEDAMPING(const PropellerTable& table, int i)
 }
 
 double CALCULATE_PROPELLER_ARCHERDAMPING(const PropellerTable& table, int i) {
+    if (!is_row(table, i)) return 0.0;
     const PropellerRecord& p = table(i);
     return p.SPEED == 0.0 ? 0.0 : p.ARCHERNUMBER * p.TORQUE / p.SPEED;
 }
 
 double CALCULATE_PROPELLER_FRAHMDAMPING(const PropellerTable& table, int i) {
+    if (!is_row(table, i)) return 0.0;
     const PropellerRecord& p = table(i);
     if (p.MCRSPEED == 0.0) return 0.0;
     const double k =
@@ -124,6 +133,7 @@ double CALCULATE_PROPELLER_FRAHMDAMPING(const PropellerTable& table, int i) {
 }
 
 double CALCULATE_PROPELLER_MANUALDAMPING(const PropellerTable& table, int i) {
+    if (!is_row(table, i)) return 0.0;
     const PropellerRecord& p = table(i);
     const double v = p.DYNMAGNIFIER;
     if (v == 0.0) return 0.0;
@@ -131,6 +141,7 @@ double CALCULATE_PROPELLER_MANUALDAMPING(const PropellerTable& table, int i) {
 }
 
 double CALCULATE_PROPELLER_VARIABLEDAMPING(PropellerTable& table, int i) {
+    if (!is_row(table, i)) return 0.0;
     PropellerRecord& p = table(i);
     const double vk = p.DYNMAGNIFIERFORKNUCKLEPOINT;
     if (vk == 0.0) return 0.0;
@@ -149,6 +160,7 @@ double CALCULATE_PROPELLER_VARIABLEDAMPING(PropellerTable& table, int i) {
 }
 
 void CALCULATE_PROPELLER_ABSDAMPING(PropellerTable& table, int i) {
+    if (!is_row(table, i)) return;
     double damping = 0.0;
     switch (table(i).DAMPINGMETHOD) {
         case SCHWANEKE: damping = CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, i); break;
@@ -162,6 +174,7 @@ void CALCULATE_PROPELLER_ABSDAMPING(PropellerTable& table, int i) {
 }
 
 void CALCULATE_PROPELLER_LOADCASESETTING(PropellerTable& table, int i) {
+    if (!is_row(table, i)) return;
     CALCULATE_PROPELLER_ABSDAMPING(table, i);
     PropellerRecord& p = table(i);
     p.BLADEFREQUENCY = p.SPEED * p.NBLADE;

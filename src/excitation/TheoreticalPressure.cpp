@@ -343,10 +343,13 @@ void CALCULATEDPRESSURE(bool MISFIRING, int NSTROKE, double BORE, double STROKE,
     }
 
     if (MISFIRING) {
-        if (NSTROKE == 2 && !in_revolution(c.INLETCLOSE)) {
+        // Compression starts at bottom dead centre in a four-stroke cycle and when the
+        // inlet closes in any other; an angle outside the volume table is invalid timing.
+        const bool four_stroke = NSTROKE == 4;
+        if (!four_stroke && (c.INLETCLOSE < 0 || c.INLETCLOSE >= nvol)) {
             SUCCESS = false;
         } else {
-            const double V1 = NSTROKE == 2 ? c.VOL(1 + c.INLETCLOSE) : c.Vb;
+            const double V1 = four_stroke ? c.Vb : c.VOL(1 + c.INLETCLOSE);
             misfiring_curve(c, V1, pcomp, CYLPRESSURES);
             SUCCESS = true;
         }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "components/EngineFunctions.h"
 
@@ -15,16 +16,29 @@ namespace {
 constexpr double P0 = 100.0;
 constexpr double N0 = 100.0;
 
-TEST(EngineFunctions, TorqueRatioIsCappedAndGuarded) {
+TEST(EngineFunctions, TorqueRatioIsCappedInIeeeArithmetic) {
     EXPECT_DOUBLE_EQ(torque_ratio(P0, N0, 50.0, 100.0), 0.5);
     // Half power at half speed is full torque.
     EXPECT_DOUBLE_EQ(torque_ratio(P0, N0, 50.0, 50.0), 1.0);
     // 2.0 is cut to the single-precision 1.1.
     EXPECT_EQ(torque_ratio(P0, N0, 200.0, 100.0), 1.100000023841858);
-    // Zero speed, zero rated power or zero rated speed: no load.
-    EXPECT_EQ(torque_ratio(P0, N0, 50.0, 0.0), 0.0);
-    EXPECT_EQ(torque_ratio(0.0, N0, 50.0, 100.0), 0.0);
+    // Power at standstill or a zero rated power: an infinite ratio, cut to 1.1.
+    EXPECT_EQ(torque_ratio(P0, N0, 50.0, 0.0), 1.100000023841858);
+    EXPECT_EQ(torque_ratio(0.0, N0, 50.0, 100.0), 1.100000023841858);
+    // A zero rated speed makes the rated torque infinite: ratio 0.
     EXPECT_EQ(torque_ratio(P0, 0.0, 50.0, 100.0), 0.0);
+    // No power at standstill has no ratio at all.
+    EXPECT_TRUE(std::isnan(torque_ratio(P0, N0, 0.0, 0.0)));
+}
+
+TEST(EngineFunctions, PowerAtStandstillLoadsThePressuresAsTheCap) {
+    // r = inf is cut to 1.1, the same as twice the rated torque at speed.
+    for (int nStroke : {2, 4}) {
+        EXPECT_EQ(CALCULATE_PINLET(P0, N0, 50.0, 0.0, 300001.0, nStroke),
+                  CALCULATE_PINLET(P0, N0, 200.0, 100.0, 300001.0, nStroke));
+        EXPECT_EQ(CALCULATE_PMAX(P0, N0, 50.0, 0.0, 1.5e7, 1e7, nStroke), 1.5e7);
+    }
+    EXPECT_EQ(CALCULATE_PCOMP(P0, N0, 50.0, 0.0, 1e7), 1e7);
 }
 
 TEST(EngineFunctions, InletPressureFollowsLoadWithFloorAndNoCeiling) {
@@ -70,10 +84,9 @@ TEST(EngineFunctions, MeanEffectivePressureUsesSinglePrecisionPi) {
     EXPECT_DOUBLE_EQ(CALCULATE_MEP(1000.0, 120.0, 1.0, 4, 1.0), 1273.2395093040454);
     // Two-stroke, 60 rpm, bore 0.5 m, stroke 2 m: 1 / (pi1 * 0.25 * 0.25 * 2) = 8 / pi1.
     EXPECT_DOUBLE_EQ(CALCULATE_MEP(1.0, 60.0, 0.5, 2, 2.0), 2.546479018608091);
-    // Vanishing denominators give no pressure instead of inf or NaN.
-    EXPECT_EQ(CALCULATE_MEP(1000.0, 0.0, 1.0, 4, 1.0), 0.0);
-    EXPECT_EQ(CALCULATE_MEP(1000.0, 120.0, 0.0, 4, 1.0), 0.0);
-    EXPECT_EQ(CALCULATE_MEP(1000.0, 120.0, 1.0, 0, 1.0), 0.0);
+    // A vanishing denominator gives an infinite pressure, as the arithmetic has it.
+    EXPECT_EQ(CALCULATE_MEP(1000.0, 0.0, 1.0, 4, 1.0), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(CALCULATE_MEP(1000.0, 120.0, 0.0, 4, 1.0), std::numeric_limits<double>::infinity());
 }
 
 TEST(EngineFunctions, MeanIndicatedPressureInterpolatesByLoad) {

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <vector>
 
+#include "components/EngineFunctions.h"
 #include "components/GlobalDiesel.h"
 
 using namespace qm;
@@ -44,14 +46,16 @@ TEST(GlobalDiesel, TorqueAndLoadOfTheOperatingPoint) {
     CALCULATE_DIESEL_LOADPERCENTAGE(table, 1);
     EXPECT_DOUBLE_EQ(e.TORQUE, 15915.494309189535);
     EXPECT_DOUBLE_EQ(e.LOADPERCENTAGE, 0.5);
-    // Standstill gives no torque, a zero rating no load.
+    // Power at standstill: infinite torque and load.
     e.SPEED = 0.0;
-    e.MCRTORQUE = 0.0;
     CALCULATE_DIESEL_TORQUE(table, 1);
-    EXPECT_EQ(e.TORQUE, 0.0);
-    e.TORQUE = 1000.0;
     CALCULATE_DIESEL_LOADPERCENTAGE(table, 1);
-    EXPECT_EQ(e.LOADPERCENTAGE, 0.0);
+    EXPECT_EQ(e.TORQUE, std::numeric_limits<double>::infinity());
+    EXPECT_EQ(e.LOADPERCENTAGE, std::numeric_limits<double>::infinity());
+    // Rows outside the table change nothing.
+    CALCULATE_DIESEL_TORQUE(table, 2);
+    CALCULATE_DIESEL_LOADPERCENTAGE(table, 0);
+    EXPECT_EQ(e.TORQUE, std::numeric_limits<double>::infinity());
 }
 
 TEST(GlobalDiesel, FiringCylindersAndPowerShare) {
@@ -91,7 +95,12 @@ TEST(GlobalDiesel, FiringCylindersAndPowerShare) {
     // The 7 firing ones: (4e6 / 7) / the same
     EXPECT_DOUBLE_EQ(CALCULATE_DIESEL_MEPMCR(table, 1, true), 727565.433888026);
     e.FIRINGSTATUSA = e.FIRINGSTATUSB = {2, 2, 2, 2};
-    EXPECT_EQ(CALCULATE_DIESEL_MEPMCR(table, 1, true), 0.0);  // none firing: no pressure
+    // None firing: the rated power over no cylinders.
+    EXPECT_EQ(CALCULATE_DIESEL_MEPMCR(table, 1, true), std::numeric_limits<double>::infinity());
+    // Rows outside the table give 0.
+    EXPECT_EQ(CALCULATE_DIESEL_MEPMCR(table, 2, true), 0.0);
+    EXPECT_EQ(GET_DIESEL_NFIRINGCYLINDER(table, 0), 0);
+    EXPECT_EQ(GET_DIESEL_POWERCYLPERCENTINCREASED(table, -1), 0.0);
 }
 
 // In-line four-stroke of 2 cylinders, 100 kW each at 100 rpm, bore 1 m, stroke 1.2 m,
@@ -170,14 +179,19 @@ TEST(GlobalDiesel, LoadCaseSettingOfGensetHarmonicAndStoppedEngines) {
     EXPECT_EQ(e.PMAXRPM + e.PCOMPRPM + e.PCHARGEAIRRPM, -3.0);
     EXPECT_DOUBLE_EQ(e.MEPRPM, 63661.97723675814);
 
-    // Standstill: no mean effective pressure, nothing infinite.
+    // Power at standstill: the torque ratio is infinite and capped at 1.1, so the pressures
+    // are those of the cap; the mean effective pressure is infinite and the infinite load
+    // lifts the indicated pressure to its limit 1.2 * MEPMCR / 0.8.
     e.ISTHEORETICALPRESURE = true;
     e.ISGENSET = false;
     e.SPEED = 0.0;
+    e.LOADPERCENTAGE = std::numeric_limits<double>::infinity();
     CALCULATE_DIESEL_LOADCASESETTING(table, 1, gensets, 0, true);
-    EXPECT_EQ(e.MEPRPM, 0.0);
-    EXPECT_EQ(e.PCHARGEAIRRPM, 100000.0);
-    EXPECT_TRUE(std::isfinite(e.MIPRPM) && std::isfinite(e.PMAXRPM) && std::isfinite(e.PCOMPRPM));
+    EXPECT_EQ(e.MEPRPM, std::numeric_limits<double>::infinity());
+    EXPECT_EQ(e.PCHARGEAIRRPM, ENGINE_FUNCTIONS::CALCULATE_PINLET(1e5, 100.0, 1e5 * 1.2, 100.0, 300001.0, 4));
+    EXPECT_EQ(e.PCOMPRPM, 1e7);
+    EXPECT_EQ(e.PMAXRPM, 1.5e7);
+    EXPECT_DOUBLE_EQ(e.MIPRPM, 1.5 * MEPMCR);
 }
 
 TEST(GlobalDiesel, FormulaDampingOfCylinderAndCrankThrow) {

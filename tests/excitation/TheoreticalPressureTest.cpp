@@ -207,6 +207,25 @@ TEST(TheoreticalPressure, CurveWithoutCombustion) {
     for (int j = 0; j < 720; ++j) ASSERT_LE(r.curve[j], MISFIRING_CAP * (low.pcomp + BAR)) << j;
 }
 
+TEST(TheoreticalPressure, CompressionWithoutCombustionStartsAtInletClosingUnlessFourStroke) {
+    // Four-stroke: compression starts at bottom dead centre, so the curve starts at the
+    // charge air pressure. Any other stroke count starts where the inlet closes (220°,
+    // a smaller volume), so the first point lies below it.
+    Engine e = four_stroke();
+    e.misfiring = true;
+    e.inletclose = 220.0;
+    EXPECT_DOUBLE_EQ(run(e).curve[0], e.pcharge);
+    e.nstroke = 3;
+    const Result three = run(e);
+    EXPECT_TRUE(three.success);
+    EXPECT_LT(three.curve[0], 0.99 * e.pcharge);
+    // An inlet closing outside the volume table is invalid timing, the curve untouched.
+    e.inletclose = 720.0;
+    const Result outside = run(e, true);
+    EXPECT_FALSE(outside.success);
+    EXPECT_EQ(outside.curve[0], UNTOUCHED);
+}
+
 TEST(TheoreticalPressure, ZeroPower) {
     // A firing cylinder without power gets a zero curve over all 1000 entries; success
     // and the mean pressure are left as the caller had them.
