@@ -3,7 +3,9 @@
 # Runs as root on a fresh Debian 12 machine; as another user it only reports.
 set -euo pipefail
 
-packages=(g++ cmake make liblapack-dev libblas-dev libgtest-dev libbenchmark-dev libcli11-dev)
+# clang and its runtime libraries build the fuzz target (libFuzzer) of make fuzz-smoke.
+packages=(g++ cmake make liblapack-dev libblas-dev libgtest-dev libbenchmark-dev libcli11-dev
+          clang libclang-rt-14-dev)
 
 missing=()
 for p in "${packages[@]}"; do
