@@ -10,12 +10,14 @@
 namespace {
 
 // A text from an array of character codes: element i gives character i, its low 8 bits.
-// A length above the text length of 1000 is kept whole so the run can refuse it.
+// Of a length above the text length of 1000 one character more is taken, enough for the
+// run to refuse it without copying (or reading) a huge array.
 std::string text_from_codes(const int32_t* codes, const int32_t* length) {
     std::string text;
     if (codes == nullptr || length == nullptr || *length <= 0) return text;
-    text.resize(static_cast<std::size_t>(*length));
-    for (int32_t i = 0; i < *length; ++i)
+    const int32_t n = *length > 1001 ? 1001 : *length;
+    text.resize(static_cast<std::size_t>(n));
+    for (int32_t i = 0; i < n; ++i)
         text[static_cast<std::size_t>(i)] = static_cast<char>(static_cast<uint32_t>(codes[i]) & 0xFFU);
     return text;
 }
