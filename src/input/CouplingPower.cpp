@@ -112,7 +112,7 @@ void COUPLINGPOWERPREPARE(ModelTables& t) {
     if (GET_LOADCASE_COMPONENTNUMBER(t.LOADCASE_TABLE) == GET_LOADCASE_NCOMPONENT(t.LOADCASE_TABLE)) return;
     const int N = GLOBAL_MASS::GET_MASS_NUMBER(t.MASS_TABLE);
     const int nLoadCase = std::min(t.LOADCASE_SPEED.size(), t.LOADCASE_POWER.cols());
-    const Array2D<int> ADJNODE = mass_shaft_graph(t.MASS_TABLE, t.SHAFT_TABLE);
+    const GRAPHTHEORY::AdjacencyList ADJNODE = mass_shaft_graph(t.MASS_TABLE, t.SHAFT_TABLE);
     Table<int> ORGVISITEDNODE;
     Table<int> DESVISITEDNODE;
 
