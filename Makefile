@@ -9,7 +9,7 @@ EXAMPLE ?= examples/two-stroke-main-engine.qmk
 OUT ?= out
 SANITIZE_BUILD ?= build-sanitize
 FUZZ_BUILD ?= build-fuzz
-FUZZ_RUNS ?= 3000
+FUZZ_RUNS ?= 500
 FUZZ_SECONDS ?= 1200
 FUZZ_SEEDS = fuzz/corpus examples tests/data/datacheck
 
