@@ -56,6 +56,12 @@ TEST(Cli, ForcedRunPrintsOneTablePerLoadCase) {
     // the propeller shaft (ID 13) at rated speed carries the engine's 8500 kW at 105 rpm
     EXPECT_NE(text.find("        13         773.038"), std::string::npos);
     EXPECT_NE(text.find("Diesel 1, order"), std::string::npos);
+    // with a damper in the model: synthesis, resultant, and power loss on damper shafts only
+    EXPECT_NE(text.find("Synthesis    Stress   Resultant  Power loss"), std::string::npos);
+    const std::size_t row = text.find("        13         773.038");
+    ASSERT_NE(row, std::string::npos);
+    const std::string line = text.substr(row, text.find('\n', row) - row);
+    EXPECT_NE(line.find("           -"), std::string::npos) << line;
 }
 
 }  // namespace
