@@ -114,21 +114,3 @@ TEST(Synthesis, PhaseModeAddsDieselAndPropellerCurves) {
     EXPECT_DOUBLE_EQ(synthesize(results, 1, false).SYNRESM[0], 7.0);
     EXPECT_NEAR(synthesize(results, 1, true).SYNRESM[0], 1.0, 1e-12);
 }
-
-TEST(Synthesis, CurvesAreKeptOnlyWhenAskedFor) {
-    AllKindResults results;
-    results[DIESEL].allocate(1, 20, 2, 1);
-    results[DIESEL].OMEGA = {10.0};
-    set_x(results[DIESEL], 1, 1, 1, 1.0, 0.0);
-    const auto sources = synthesis_sources(results, &KindResults::XR, &KindResults::XI);
-    std::vector<double> m;
-    KindCurves curves;
-    SINGLELOADCASESYNTHESIS(2, sources, false, m, curves, false, true, false);
-    EXPECT_TRUE(curves[DIESEL].empty());
-    SINGLELOADCASESYNTHESIS(2, sources, false, m, curves, false, false, true);
-    EXPECT_TRUE(curves[DIESEL].empty());
-    SINGLELOADCASESYNTHESIS(2, sources, false, m, curves, false, true, true);
-    ASSERT_EQ(curves[DIESEL].size(), 720U);
-    EXPECT_EQ(curves[DIESEL][359], 2.0);
-    EXPECT_EQ(curves[PROPELLER], std::vector<double>(720, 0.0));
-}
