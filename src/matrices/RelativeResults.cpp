@@ -73,7 +73,7 @@ void RELATIVEINERTIADEFLECTION(const MassTable& MASS_TABLE, const ShaftTable& SH
         for (int r = 1; r <= nmass; ++r) {
             if (MASS_TABLE(r).MASSTYPE == 3) continue;
             const int dof = GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGMASS(MASS_TABLE, r);
-            RELATIVEDEFLECTION((m - 2) * nmass + r) = v_rpm(dof, m) / reference;
+            RELATIVEDEFLECTION(mode_record(m, r, nmass)) = v_rpm(dof, m) / reference;
         }
     }
     write_table(RELATIVEDEFLECTIONFILE, RELATIVEDEFLECTION);
@@ -92,8 +92,8 @@ void RELATIVEINERTIATORQUE(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_
             const int i = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, shaft.ORGNODE);
             const int j = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, shaft.DESNODE);
             if (i < 1 || j < 1) continue;  // reported by the data check
-            RELATIVETORQUE((m - 2) * nshaft + s) =
-                shaft.STIFFNESS * (RELATIVEDEFLECTION((m - 2) * nmass + i) - RELATIVEDEFLECTION((m - 2) * nmass + j));
+            RELATIVETORQUE(mode_record(m, s, nshaft)) =
+                shaft.STIFFNESS * (RELATIVEDEFLECTION(mode_record(m, i, nmass)) - RELATIVEDEFLECTION(mode_record(m, j, nmass)));
         }
     }
     write_table(RELATIVETORQUEFILE, RELATIVETORQUE);
@@ -125,7 +125,7 @@ void VECTORSUMS(const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, in
         const int ncyl = engine.NCYLINDER < 0 ? 0 : (engine.NCYLINDER > 20 ? 20 : engine.NCYLINDER);
         // A four-stroke engine has the half orders 0.5, 1.0, ...
         for (int o = 1; o <= norder; ++o)
-            orders[static_cast<std::size_t>(o - 1)] = engine.NSTROKE == 2 ? o : o * 0.5;
+            orders[static_cast<std::size_t>(o - 1)] = vector_sum_order(engine, o);
         std::vector<int> cylindex(static_cast<std::size_t>(ncyl));
         for (int j = 1; j <= ncyl; ++j)
             cylindex[static_cast<std::size_t>(j - 1)] =
@@ -135,9 +135,9 @@ void VECTORSUMS(const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, in
         for (int m = 2; m <= N; ++m) {
             for (int j = 1; j <= ncyl; ++j) {
                 const int row = cylindex[static_cast<std::size_t>(j - 1)];
-                a[static_cast<std::size_t>(j - 1)] = row >= 1 ? RELATIVEDEFLECTION((m - 2) * nmass + row) : 0.0;
+                a[static_cast<std::size_t>(j - 1)] = row >= 1 ? RELATIVEDEFLECTION(mode_record(m, row, nmass)) : 0.0;
             }
-            const int block = ((e - 1) * nmode + (m - 2)) * norder;
+            const int block = static_cast<int>(vector_sum_record(e, m, 1, N, norder)) - 1;
             for (int o = 1; o <= norder; ++o) {
                 const double q = orders[static_cast<std::size_t>(o - 1)];
                 double sc = 0.0, ss = 0.0;

@@ -39,4 +39,19 @@ void VECTORSUMS(const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, in
 // Order places of the vector sums: 24 when any engine is four-stroke, else 20.
 int vector_sum_order_count(const DieselTable& DIESEL_TABLE);
 
+// Engine order of order place o (1-based) of an engine's vector sums: o for a two-stroke
+// engine, the half orders o/2 for any other.
+inline double vector_sum_order(const DieselRecord& engine, int o) { return engine.NSTROKE == 2 ? o : o * 0.5; }
+
+// Record numbers (1-based) of the relative results, the one place that lays them out for
+// the writer and for readers of the files:
+// mode m = 2..N and row r = 1..NE of MASS_TABLE (NE = NMASS) or SHAFT_TABLE (NE = NSHAFT)
+constexpr long long mode_record(int m, int r, int NE) {
+    return static_cast<long long>(m - 2) * NE + r;
+}
+// engine e, mode m = 2..N, order place o = 1..NORDER of the vector sums
+constexpr long long vector_sum_record(int e, int m, int o, int N, int NORDER) {
+    return (static_cast<long long>(e - 1) * (N - 1) + (m - 2)) * NORDER + o;
+}
+
 }  // namespace qm::FREEVIBRATION
