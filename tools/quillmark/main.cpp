@@ -1,6 +1,7 @@
 // quillmark: the command-line tool of the torsional vibration library.
 #include <CLI/CLI.hpp>
 
+#include "ExportCommand.h"
 #include "PressureCommand.h"
 #include "RunCommand.h"
 
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
     qm::cli::add_run_command(app, exit_code);
     qm::cli::add_check_command(app, exit_code);
     qm::cli::add_pressure_command(app);
+    qm::cli::add_export_command(app, exit_code);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
