@@ -4,8 +4,10 @@
 set -euo pipefail
 
 # clang and its runtime libraries build the fuzz target (libFuzzer) of make fuzz-smoke.
-packages=(g++ cmake make liblapack-dev libblas-dev libgtest-dev libbenchmark-dev libcli11-dev
-          clang libclang-rt-14-dev)
+packages=(g++ cmake make pkg-config liblapack-dev libblas-dev libgtest-dev libbenchmark-dev libcli11-dev
+          clang libclang-rt-14-dev
+          nlohmann-json3-dev pybind11-dev python3-dev python3-numpy python3-pandas python3-matplotlib
+          python3-pytest)
 
 missing=()
 for p in "${packages[@]}"; do
