@@ -12,6 +12,7 @@ FUZZ_BUILD ?= build-fuzz
 FUZZ_RUNS ?= 500
 FUZZ_SECONDS ?= 1200
 FUZZ_SEEDS = fuzz/corpus examples tests/data/datacheck
+PYTHON ?= /usr/bin/python3
 
 .PHONY: all deps configure build run test bench clean sanitize fuzz-build fuzz-smoke fuzz
 
@@ -29,6 +30,12 @@ build: configure
 run: build
 	@mkdir -p $(OUT)
 	$(BUILD)/quillmark run $(EXAMPLE) -o $(OUT) --type 3
+	@if ls $(BUILD)/python/quillmark/_quillmark*.so >/dev/null 2>&1; then \
+	  for kind in campbell modes response; do \
+	    PYTHONPATH=$(BUILD)/python MPLBACKEND=Agg $(PYTHON) -m quillmark plot $$kind $(EXAMPLE) $(OUT) \
+	      -o $(OUT)/$$kind.png > /dev/null 2>&1 && echo "Plot: $(OUT)/$$kind.png"; \
+	  done; true; \
+	fi
 
 test: build
 	@cd $(BUILD) && ctest --output-on-failure -j$(JOBS)
