@@ -260,22 +260,47 @@ def _shaft_frame(results):
     return {k: np.asarray(v) for k, v in sy.items()}
 
 
-def _default_shafts(sy, model, count=3):
+def _largest_order(results, table, column):
+    """{shaft id: (speeds, largest amplitude over the sources, units and orders)} per load case."""
+    if table not in results:
+        return {}
+    t = results[table]
+    sid, lc = np.asarray(t["shaft_id"]), np.asarray(t["load_case"])
+    speed, amp = np.asarray(t["speed_rpm"]), np.asarray(t[column])
+    out = {}
+    for s in np.unique(sid):
+        sel = sid == s
+        cases = np.unique(lc[sel])
+        peak = np.array([np.nanmax(amp[sel & (lc == c)]) for c in cases])
+        out[int(s)] = (np.array([speed[sel & (lc == c)][0] for c in cases]), peak)
+    return out
+
+
+def _default_shafts(sy, model, per_order, count=3):
+    """The shafts with the largest synthesized torque; where the synthesis holds nothing
+    (all zero), those with the largest single order."""
     springs = {s["id"] for s in model["shafts"] if s["shaft_type"] == DAMPER_SPRING}
     peak = defaultdict(float)
     for sid, t in zip(sy["shaft_id"], sy["torque_Nm"]):
         if int(sid) not in springs and np.isfinite(t):
             peak[int(sid)] = max(peak[int(sid)], abs(float(t)))
-    return [s for s, _ in sorted(peak.items(), key=lambda kv: -kv[1])[:count]]
+    if not any(peak.values()):
+        for sid, (_, amp) in per_order.items():
+            if sid not in springs and np.isfinite(amp).any():
+                peak[sid] = float(np.nanmax(amp))
+    return sorted(s for s, _ in sorted(peak.items(), key=lambda kv: -kv[1])[:count])
 
 
 def response(results, path, shafts=None):
     """Synthesized alternating torque and stress of the chosen shafts (by ID; the three
-    with the largest torque when None) over the load case speeds, with their nominal
-    torque; and the propeller ice torque where the model has ice excitation."""
+    with the largest torque when None) over the load case speeds, with their nominal torque
+    and the largest single order; and the propeller ice torque where the model has ice
+    excitation."""
     sy = _shaft_frame(results)
+    torque_order = _largest_order(results, "torque", "amplitude_Nm")
+    stress_order = _largest_order(results, "stress", "amplitude_Pa")
     if shafts is None:
-        shafts = _default_shafts(sy, results.model)
+        shafts = _default_shafts(sy, results.model, torque_order)
     shafts = [int(s) for s in shafts]
     known = set(int(s) for s in sy["shaft_id"])
     unknown = [s for s in shafts if s not in known]
@@ -285,7 +310,7 @@ def response(results, path, shafts=None):
     panels = 3 if ice else 2
 
     with plt.rc_context(REPORT_STYLE):
-        fig, axes = plt.subplots(panels, 1, figsize=(8, 2.6 * panels + 0.6), sharex=True, constrained_layout=True)
+        fig, axes = plt.subplots(panels, 1, figsize=(8, 2.8 * panels + 0.8), sharex=True, constrained_layout=True)
         colors = plt.rcParams["axes.prop_cycle"].by_key()["color"]
         for k, sid in enumerate(shafts):
             sel = sy["shaft_id"] == sid
@@ -293,25 +318,30 @@ def response(results, path, shafts=None):
             n = sy["speed_rpm"][sel][order]
             c = colors[k % len(colors)]
             axes[0].plot(n, sy["torque_Nm"][sel][order] / 1e3, "-o", ms=3.5, color=c,
-                         label="shaft {} alternating".format(sid))
+                         label="shaft {}: synthesized".format(sid))
+            if sid in torque_order:
+                axes[0].plot(torque_order[sid][0], torque_order[sid][1] / 1e3, ":", color=c, lw=1.3,
+                             label="shaft {}: largest order".format(sid))
             axes[0].plot(n, np.abs(sy["nominal_torque_Nm"][sel][order]) / 1e3, "--", color=c, lw=1.0,
-                         label="shaft {} nominal".format(sid))
-            axes[1].plot(n, sy["stress_Pa"][sel][order] / 1e6, "-o", ms=3.5, color=c, label="shaft {}".format(sid))
+                         label="shaft {}: nominal".format(sid))
+            axes[1].plot(n, sy["stress_Pa"][sel][order] / 1e6, "-o", ms=3.5, color=c,
+                         label="shaft {}: synthesized".format(sid))
+            if sid in stress_order:
+                axes[1].plot(stress_order[sid][0], stress_order[sid][1] / 1e6, ":", color=c, lw=1.3,
+                             label="shaft {}: largest order".format(sid))
             if ice:
                 axes[2].plot(n, sy["ice_torque_Nm"][sel][order] / 1e3, "-o", ms=3.5, color=c,
                              label="shaft {}".format(sid))
         axes[0].set_ylabel("Torque [kNm]")
-        axes[0].set_title("Synthesized alternating torque and nominal torque", loc="left")
-        axes[0].legend(ncol=2, loc="best")
+        axes[0].set_title("Alternating torque and nominal torque", loc="left")
         axes[1].set_ylabel("Stress [MPa]")
-        axes[1].set_title("Synthesized alternating stress", loc="left")
-        axes[1].legend(loc="best")
+        axes[1].set_title("Alternating stress", loc="left")
         if ice:
             axes[2].set_ylabel("Torque [kNm]")
             axes[2].set_title("Propeller ice torque", loc="left")
-            axes[2].legend(loc="best")
-        axes[-1].set_xlabel("Speed of the load case [rpm]")
         for ax in axes:
             ax.set_ylim(bottom=0)
+            ax.legend(loc="upper left", bbox_to_anchor=(1.01, 1.0), borderaxespad=0.0)
+        axes[-1].set_xlabel("Speed of the load case [rpm]")
         fig.suptitle("Response over speed: {}".format(results.title))
         return _save(fig, path)

@@ -11,7 +11,9 @@
 #include "base/Constants.h"
 #include "base/GlobalParameter.h"
 #include "components/ModelTables.h"
+#include "forced/ForcedVibration.h"
 #include "forced/ResultFiles.h"
+#include "forced/SourceKinds.h"
 #include "input/ImportInputFile.h"
 #include "matrices/FreeVibration.h"
 #include "matrices/RelativeResults.h"
@@ -121,21 +123,6 @@ void load_model(const fs::path& model, LoadedModel& loaded) {
     if (!ok) throw ResultError("model " + model.string() + " can't be read: " + log_message(scratch.path() / "Quillmark.log"));
 }
 
-const char* KIND_WORD[NKIND] = {"Diesel", "Propeller", "Generator", "CentrifugalPump", "ReciprocatingPump",
-                                "ElectricMotor"};
-
-int unit_number(SourceKind kind, const ModelTables& t) {
-    switch (kind) {
-        case DIESEL: return t.DIESEL_TABLE.size();
-        case PROPELLER: return t.PROPELLER_TABLE.size();
-        case GENERATOR: return t.GENERATOR_TABLE.size();
-        case CENTRIFUGALPUMP: return t.CENTRIFUGALPUMP_TABLE.size();
-        case RECIPROCATINGPUMP: return t.RECIPROCATINGPUMP_TABLE.size();
-        case ELECTRICMOTOR: return t.ELECTRICMOTOR_TABLE.size();
-    }
-    return 0;
-}
-
 int unit_id(SourceKind kind, const ModelTables& t, int u) {
     switch (kind) {
         case DIESEL: return t.DIESEL_TABLE(u).ID;
@@ -148,104 +135,7 @@ int unit_id(SourceKind kind, const ModelTables& t, int u) {
     return 0;
 }
 
-// The inertia whose speed is the unit's own: the first cylinder of an engine or pump, the
-// node of the other machines.
-int unit_node(SourceKind kind, const ModelTables& t, int u) {
-    switch (kind) {
-        case DIESEL: return t.DIESEL_TABLE(u).CYLINDERS[0];
-        case PROPELLER: return t.PROPELLER_TABLE(u).PROPELLERNODE;
-        case GENERATOR: return t.GENERATOR_TABLE(u).GENERATORNODE;
-        case CENTRIFUGALPUMP: return t.CENTRIFUGALPUMP_TABLE(u).CENTRIFUGALPUMPNODE;
-        case RECIPROCATINGPUMP: return t.RECIPROCATINGPUMP_TABLE(u).CYLINDERS[0];
-        case ELECTRICMOTOR: return t.ELECTRICMOTOR_TABLE(u).ELECTRICMOTORNODE;
-    }
-    return 0;
-}
-
-bool propeller_ice(const ModelTables& t) {
-    return t.PROPELLER_TABLE.allocated() && GLOBAL_PROPELLER::GET_PROPELLERICEHARMONICORDERNUMBER(t.PROPELLER_TABLE) > 0;
-}
-
-// Length of the order axis of a kind, as the sweep sizes its files.
-int order_number(SourceKind kind, const ModelTables& t) {
-    switch (kind) {
-        case DIESEL: return GLOBAL_DIESEL::GET_DIESEL_NCYLFOURIERCOEFFICIENTS(t.DIESEL_TABLE);
-        case PROPELLER:
-            return propeller_ice(t) ? GLOBAL_PROPELLER::GET_PROPELLERICEHARMONICORDERNUMBER(t.PROPELLER_TABLE) : 2;
-        case GENERATOR:
-        case CENTRIFUGALPUMP:
-        case ELECTRICMOTOR: return 4;
-        case RECIPROCATINGPUMP: return GLOBAL_RECIPROCATINGPUMP::GET_RECIPROCATINGPUMP_NCYLFOURIERCOEFFICIENTS(t.RECIPROCATINGPUMP_TABLE);
-    }
-    return 0;
-}
-
-// The real order of every place of a unit's order axis, as its driver hands them to the
-// solver: a place behind a machine's number of orders has order 0 (no excitation there).
-std::vector<double> unit_orders(SourceKind kind, const ModelTables& t, int u, int norder) {
-    std::vector<double> orders(static_cast<std::size_t>(norder), 0.0);
-    auto four = [&](int n, auto get) {
-        n = std::clamp(n, 0, 4);
-        for (int k = 1; k <= std::min(n, norder); ++k) orders[static_cast<std::size_t>(k - 1)] = get(k);
-    };
-    switch (kind) {
-        case DIESEL: {
-            std::vector<double> harmonic;
-            GLOBAL_DIESEL::GET_DIESEL_HARMONICORDER(t.DIESEL_TABLE, harmonic);
-            std::copy_n(harmonic.begin(), std::min(harmonic.size(), orders.size()), orders.begin());
-            break;
-        }
-        case PROPELLER:
-            if (propeller_ice(t)) {
-                for (int o = 1; o <= norder; ++o) orders[static_cast<std::size_t>(o - 1)] = o;
-            } else if (norder >= 2) {
-                orders[0] = t.PROPELLER_TABLE(u).NBLADE;
-                orders[1] = 2.0 * t.PROPELLER_TABLE(u).NBLADE;
-            }
-            break;
-        case GENERATOR: {
-            const auto& g = t.GENERATOR_TABLE;
-            four(g(u).GENERATORORDERNUMBER, [&](int k) {
-                using namespace GLOBAL_GENERATOR;
-                const int o[4] = {GET_GENERATOR_GENERATORORDERONE(g, u), GET_GENERATOR_GENERATORORDERTWO(g, u),
-                                  GET_GENERATOR_GENERATORORDERTHREE(g, u), GET_GENERATOR_GENERATORORDERFOUR(g, u)};
-                return static_cast<double>(o[k - 1]);
-            });
-            break;
-        }
-        case CENTRIFUGALPUMP: {
-            const auto& c = t.CENTRIFUGALPUMP_TABLE;
-            four(c(u).CENTRIFUGALPUMPORDERNUMBER, [&](int k) {
-                using namespace GLOBAL_CENTRIFUGALPUMP;
-                const int o[4] = {GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERONE(c, u),
-                                  GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERTWO(c, u),
-                                  GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERTHREE(c, u),
-                                  GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERFOUR(c, u)};
-                return static_cast<double>(o[k - 1]);
-            });
-            break;
-        }
-        case ELECTRICMOTOR: {
-            const auto& m = t.ELECTRICMOTOR_TABLE;
-            using namespace GLOBAL_ELECTRICMOTOR;
-            four(GET_ELECTRICMOTOR_MOTORORDERNUMBER(m, u), [&](int k) {
-                const double o[4] = {GET_ELECTRICMOTOR_MOTORORDERONE(m, u), GET_ELECTRICMOTOR_MOTORORDERTWO(m, u),
-                                     GET_ELECTRICMOTOR_MOTORORDERTHREE(m, u), GET_ELECTRICMOTOR_MOTORORDERFOUR(m, u)};
-                return o[k - 1];
-            });
-            break;
-        }
-        case RECIPROCATINGPUMP: {
-            Table<double> harmonic;
-            GLOBAL_RECIPROCATINGPUMP::GET_RECIPROCATINGPUMP_HARMONICORDER(t.RECIPROCATINGPUMP_TABLE, u, harmonic);
-            for (int o = 1; o <= std::min(harmonic.size(), norder); ++o) orders[static_cast<std::size_t>(o - 1)] = harmonic(o);
-            break;
-        }
-    }
-    return orders;
-}
-
-ModelInfo describe(const fs::path& model, const ModelTables& t) {
+ModelInfo describe(const fs::path& model, const ModelTables& t, const SweepPlan& plan) {
     ModelInfo info;
     info.title = model.stem().string();
     for (int r = 1; r <= t.MASS_TABLE.size(); ++r) {
@@ -257,18 +147,20 @@ ModelInfo describe(const fs::path& model, const ModelTables& t) {
         info.shafts.push_back(
             {s, sh.ID, sh.SHAFTTYPE, sh.COMPONENTTYPE, sh.COMPONENTID, sh.ORGNODE, sh.DESNODE, sh.OUTERDI, sh.INNERDI});
     }
+    // Orders and reference inertia of each unit as its driver hands them to the solver: a
+    // place behind a machine's number of orders has order 0 (no excitation there).
     for (int kind = 0; kind < NKIND; ++kind) {
         const auto k = static_cast<SourceKind>(kind);
-        const int norder = order_number(k, t);
-        for (int u = 1; u <= unit_number(k, t); ++u) {
-            const int node = unit_node(k, t, u);
-            const int row = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, node);
-            info.sources.push_back({KIND_WORD[kind], u, unit_id(k, t, u), unit_orders(k, t, u, norder), node,
+        for (int u = 1; u <= plan.dims.NUNIT[static_cast<std::size_t>(kind)]; ++u) {
+            UnitExcitation ex;
+            unit_excitation(k, t, u, plan.flags.ISPROPELLERICE, plan.dims.NORDER[static_cast<std::size_t>(kind)], ex);
+            const int row = GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, ex.REFERENCENODE);
+            info.sources.push_back({kind_word(k), u, unit_id(k, t, u), ex.EXFO, ex.REFERENCENODE,
                                     row >= 1 ? t.MASS_TABLE(row).RPMRATIO : 1.0});
         }
     }
     for (int lc = 1; lc <= t.LOADCASE_SPEED.size(); ++lc) info.load_case_speeds.push_back(t.LOADCASE_SPEED(lc));
-    info.has_ice = propeller_ice(t);
+    info.has_ice = plan.flags.ISPROPELLERICE;
     return info;
 }
 
@@ -384,30 +276,6 @@ struct Reader {
         out.tables.push_back(std::move(vs));
     }
 
-    ResultDims dims() const {
-        ResultDims d;
-        d.NMASS = NMASS();
-        d.NSHAFT = NSHAFT();
-        d.NLOADCASE = NLOADCASE();
-        for (int k = 0; k < NKIND; ++k) {
-            d.NUNIT[static_cast<std::size_t>(k)] = unit_number(static_cast<SourceKind>(k), t);
-            d.NORDER[static_cast<std::size_t>(k)] = order_number(static_cast<SourceKind>(k), t);
-        }
-        return d;
-    }
-
-    ResultFlags flags(bool angle_based) const {
-        ResultFlags f;
-        f.HASDIESEL = t.DIESEL_TABLE.size() > 0;
-        f.HASDAMPERORCOUPLING = t.VISCOUSDAMPER_TABLE.size() + t.STEELSPRINGDAMPER_TABLE.size() +
-                                    t.RUBBERDAMPER_TABLE.size() > 0 ||
-                                t.GEISLINGERCOUPLING_TABLE.size() + t.LINEARCOUPLING_TABLE.size() +
-                                    t.PROGRESSIVECOUPLING_TABLE.size() > 0;
-        f.ISPROPELLERICE = propeller_ice(t);
-        f.OUTPUTANGLEBASEDRESULTS = angle_based;
-        return f;
-    }
-
     void per_order_family(const ResultDims& d, const ResultFlags& f, Quantity q, const char* name, const char* unit) {
         const bool masses = q == DEFLECTION || q == VELOCITY || q == ACCELE;
         const int NE = masses ? d.NMASS : d.NSHAFT;
@@ -446,8 +314,8 @@ struct Reader {
 
     const ModelInfo::Source& source(SourceKind kind, int u) const {
         for (const ModelInfo::Source& s : info.sources)
-            if (s.kind == KIND_WORD[kind] && s.row == u) return s;
-        throw ResultError("no unit " + std::to_string(u) + " of kind " + KIND_WORD[kind] + " in the model");
+            if (s.kind == kind_word(kind) && s.row == u) return s;
+        throw ResultError("no unit " + std::to_string(u) + " of kind " + kind_word(kind) + " in the model");
     }
 
     // Family 2: one value per element and load case, one column per file.
@@ -507,9 +375,9 @@ struct Reader {
         out.tables.push_back(std::move(table));
     }
 
-    void forced_families(bool angle_based) {
-        const ResultDims d = dims();
-        const ResultFlags f = flags(angle_based);
+    void forced_families(const SweepPlan& plan) {
+        const ResultDims& d = plan.dims;
+        const ResultFlags& f = plan.flags;
         if (!fits_32bit_records(d)) throw ResultError("the model is too large for the record numbers of the result files");
         per_order_family(d, f, DEFLECTION, "deflection", "rad");
         per_order_family(d, f, VELOCITY, "velocity", "rad_s");
@@ -565,14 +433,16 @@ struct Reader {
 ModelInfo read_model_info(const fs::path& model) {
     LoadedModel loaded;
     load_model(model, loaded);
-    return describe(model, loaded.tables);
+    return describe(model, loaded.tables, make_sweep_plan(loaded.tables, loaded.OUTPUTANGLEBASEDRESULTS));
 }
 
 Results read_results(const fs::path& model, const fs::path& result_dir) {
     LoadedModel loaded;
     load_model(model, loaded);
+    // Dimensions and switches of the sweep as the forced calculation makes them.
+    const SweepPlan plan = make_sweep_plan(loaded.tables, loaded.OUTPUTANGLEBASEDRESULTS);
     Results results;
-    results.model = describe(model, loaded.tables);
+    results.model = describe(model, loaded.tables, plan);
     std::error_code ec;
     if (!fs::is_directory(result_dir, ec)) throw ResultError("result directory " + result_dir.string() + " is missing");
     Reader reader{result_dir, loaded.tables, results.model, results};
@@ -584,7 +454,7 @@ Results read_results(const fs::path& model, const fs::path& result_dir) {
                           FREEVIBRATION::NATURALFREQUENCYFILE + " and " + result_file_name(SYNTHESIS_TORQUE) +
                           " are missing");
     if (free) reader.free_families();
-    if (forced) reader.forced_families(loaded.OUTPUTANGLEBASEDRESULTS);
+    if (forced) reader.forced_families(plan);
     return results;
 }
 
