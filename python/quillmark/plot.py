@@ -277,11 +277,13 @@ def _largest_order(results, table, column):
 
 
 def _default_shafts(sy, model, per_order, count=3):
-    """The shafts with the largest synthesized torque; where the synthesis holds nothing
-    (all zero), those with the largest single order."""
+    """The shafts with the largest synthesized stress (torque where no shaft has a
+    diameter); where the synthesis holds nothing (all zero), those with the largest single
+    order of torque."""
     springs = {s["id"] for s in model["shafts"] if s["shaft_type"] == DAMPER_SPRING}
+    key = "stress_Pa" if np.nanmax(np.abs(sy["stress_Pa"]), initial=0.0) > 0 else "torque_Nm"
     peak = defaultdict(float)
-    for sid, t in zip(sy["shaft_id"], sy["torque_Nm"]):
+    for sid, t in zip(sy["shaft_id"], sy[key]):
         if int(sid) not in springs and np.isfinite(t):
             peak[int(sid)] = max(peak[int(sid)], abs(float(t)))
     if not any(peak.values()):
@@ -293,7 +295,7 @@ def _default_shafts(sy, model, per_order, count=3):
 
 def response(results, path, shafts=None):
     """Synthesized alternating torque and stress of the chosen shafts (by ID; the three
-    with the largest torque when None) over the load case speeds, with their nominal torque
+    with the largest stress when None) over the load case speeds, with their nominal torque
     and the largest single order; and the propeller ice torque where the model has ice
     excitation."""
     sy = _shaft_frame(results)
