@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "base/RunContext.h"
+
 namespace qm::test {
 
 // A directory of its own for each test, removed when the test ends.
@@ -37,6 +39,13 @@ public:
 private:
     std::filesystem::path path_;
 };
+
+// A run context whose result directory is `dir`.
+inline RunContext run_in(const std::string& dir) {
+    RunContext ctx;
+    ctx.SETRESULTFILEDIR(dir, static_cast<int>(dir.size()));
+    return ctx;
+}
 
 inline void write_file(const std::filesystem::path& p, const std::string& text) {
     std::ofstream out(p, std::ios::binary);

@@ -3,7 +3,6 @@
 #include <bit>
 #include <utility>
 
-#include "base/GlobalParameter.h"
 
 namespace qm {
 
@@ -27,7 +26,6 @@ DirectAccessFile::~DirectAccessFile() { close(); }
 
 bool DirectAccessFile::open(const std::string& path) {
     close();
-    GLOBAL_PARAMETER::GETFILEID();
     file_ = std::fopen(path.c_str(), "wb");
     next_record_ = 1;
     if (file_ != nullptr) std::setvbuf(file_, nullptr, _IOFBF, 1 << 16);

@@ -18,7 +18,7 @@ public:
     DirectAccessFile& operator=(DirectAccessFile&& other) noexcept;
     ~DirectAccessFile();
 
-    // Creates the file, replacing an earlier one, and takes a file unit for it.
+    // Creates the file, replacing an earlier one.
     // False when it can't be created; writes to a file that is not open do nothing.
     bool open(const std::string& path);
     bool is_open() const { return file_ != nullptr; }

@@ -5,11 +5,6 @@
 namespace qm::GLOBAL_PARAMETER {
 
 namespace {
-// Run-wide state: lives as long as the library is loaded.
-std::string result_directory = std::string("QMK test") + SEPARATOR;
-int unit_counter = 10;
-bool output_angle_based_results = false;
-
 std::string left_adjusted_trimmed(const std::string& text) {
     const auto first = text.find_first_not_of(' ');
     if (first == std::string::npos) return {};
@@ -17,8 +12,6 @@ std::string left_adjusted_trimmed(const std::string& text) {
     return text.substr(first, last - first + 1);
 }
 }  // namespace
-
-const std::string& RESULTFILEDIR() { return result_directory; }
 
 std::string result_directory_of(const std::string& DIRNAME, int length) {
     std::string dir = DIRNAME.substr(0, length > 0 ? static_cast<std::size_t>(length) : 0U);
@@ -28,10 +21,6 @@ std::string result_directory_of(const std::string& DIRNAME, int length) {
     dir = left_adjusted_trimmed(dir);
     if (dir.empty() || dir.back() != SEPARATOR) dir += SEPARATOR;
     return dir;
-}
-
-void SETRESULTFILEDIR(const std::string& DIRNAME, int length) {
-    result_directory = result_directory_of(DIRNAME, length);
 }
 
 std::string FILEFULLADDRESS(const std::string& FILEDIR, const std::string& FILENAME) {
@@ -46,19 +35,10 @@ std::string FILEFULLADDRESS(const std::string& FILEDIR, const std::string& FILEN
     return address;
 }
 
-int GETFILEID() {
-    if (unit_counter < 10) unit_counter = 10;
-    const int unit = unit_counter;
-    unit_counter += 10;
-    return unit;
-}
-
 double CALCULATE_UNDIMENSIONEDDAMPINGFACTOR(double x) {
     if (x <= 0.0) return 0.0;
     if (x <= 1.0) return 1.0 / x;
     return std::sqrt(1.0 / (x * x - 1.0));
 }
-
-bool& OUTPUTANGLEBASEDRESULTS() { return output_angle_based_results; }
 
 }  // namespace qm::GLOBAL_PARAMETER

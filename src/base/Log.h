@@ -1,7 +1,8 @@
 // The log "Quillmark.log" in the result directory: every finding of a run, one line each.
 //
-// The reader creates it anew at the start of a run; every later writer (data check, side
-// file loaders, the propeller's entrained water) opens it at its end, writes and closes.
+// A run writes it through its RunContext (log_create, log_append): the reader creates it
+// anew at the start of a run; every later writer opens it at its end, writes and closes.
+// This module keeps the name and the pure helpers of its lines.
 #pragma once
 
 #include <string>
@@ -9,15 +10,6 @@
 namespace qm::LOG {
 
 constexpr const char* LOGFILENAME = "Quillmark.log";
-
-// Full path of the log in the current result directory.
-std::string path();
-
-// Creates the log empty, replacing an older one. False when it can't be written.
-bool create();
-
-// Appends lines to the existing log (each gets a newline). False when it can't be opened.
-bool append(const std::string& line);
 
 // A reader's message: the text directly followed by the line number left-adjusted in a
 // field of 30 characters.

@@ -25,14 +25,12 @@ int RunContext::GETFILEID() {
 std::string RunContext::log_path() const { return result_path(LOG::LOGFILENAME); }
 
 bool RunContext::log_create() {
-    GETFILEID();
     std::FILE* f = std::fopen(log_path().c_str(), "w");
     if (f == nullptr) return false;
     return std::fclose(f) == 0;
 }
 
 bool RunContext::log_append(const std::string& line) {
-    GETFILEID();
     std::FILE* f = std::fopen(log_path().c_str(), "a");
     if (f == nullptr) return false;
     std::fwrite(line.data(), 1, line.size(), f);

@@ -20,11 +20,12 @@ public:
     // Full path of a file of the result directory: FILEFULLADDRESS(RESULTFILEDIR(), name).
     std::string result_path(const std::string& name) const;
 
-    // New file unit of this run: 10, 20, 30, ... Units are only the identity of an open
-    // file; nothing outside the run sees them.
+    // New file unit of this run: 10, 20, 30, ... A unit is only the identity of an open
+    // file within the run; no file name, record or message depends on it, so the writers
+    // of the library draw none. Two runs never share a counter.
     int GETFILEID();
 
-    // The run-wide switch for angle-based results: reset and set by the input reader,
+    // The switch for angle-based results of this run: reset and set by the input reader,
     // read by the forced calculation.
     bool OUTPUTANGLEBASEDRESULTS = false;
 

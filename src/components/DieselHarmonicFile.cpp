@@ -17,11 +17,11 @@ void scale(std::vector<double>& values, double factor) {
 }
 
 // Reads one file into the fields of one firing state; false after a logged failure.
-bool load(const std::string& name, DieselRecord& engine, int& nOrder, int& nPressure, std::vector<double>& pressure,
+bool load(RunContext& ctx, const std::string& name, DieselRecord& engine, int& nOrder, int& nPressure, std::vector<double>& pressure,
           std::vector<double>& cosine, std::vector<double>& sine, std::vector<double>& resultant,
           std::vector<double>& phase) {
     HarmonicFileContent c;
-    const bool read = read_harmonic_file(engine.SIDEFILEDIR, name, ENGINE_FILE, c);
+    const bool read = read_harmonic_file(ctx, engine.SIDEFILEDIR, name, ENGINE_FILE, c);
     nOrder = c.N;
     nPressure = c.M;
     for (int j = 0; j < MAXHARMONICORDER && j < c.N; ++j) engine.HARMONICORDER[static_cast<std::size_t>(j)] = c.order[static_cast<std::size_t>(j)];
@@ -41,13 +41,13 @@ bool load(const std::string& name, DieselRecord& engine, int& nOrder, int& nPres
 
 }  // namespace
 
-void LOADORVANTISFILE(DieselTable& table, bool& ok) {
+void LOADORVANTISFILE(RunContext& ctx, DieselTable& table, bool& ok) {
     for (int e = 1; e <= row_count(table); ++e) {
         DieselRecord& d = table(e);
         const std::string normal = STRINGOPERATION::trimmed(d.NORMALHARMONICFILE);
         if (!normal.empty()) {
             ok = true;
-            if (!load(normal, d, d.NHARMONICORDER, d.NMEANINDICATEDPRESSURE, d.MEANINDICATEDPRESSURE, d.NORMALCOSINE,
+            if (!load(ctx, normal, d, d.NHARMONICORDER, d.NMEANINDICATEDPRESSURE, d.MEANINDICATEDPRESSURE, d.NORMALCOSINE,
                       d.NORMALSINE, d.NORMALRESULTANT, d.NORMALPHASEANGLE)) {
                 ok = false;
                 return;
@@ -56,7 +56,7 @@ void LOADORVANTISFILE(DieselTable& table, bool& ok) {
         const std::string misfiring = STRINGOPERATION::trimmed(d.MISHARMONICFILE);
         if (!misfiring.empty()) {
             ok = true;
-            if (!load(misfiring, d, d.NHARMONICORDERMIS, d.NMEANINDICATEDPRESSUREMIS, d.MEANINDICATEDPRESSUREMIS,
+            if (!load(ctx, misfiring, d, d.NHARMONICORDERMIS, d.NMEANINDICATEDPRESSUREMIS, d.MEANINDICATEDPRESSUREMIS,
                       d.MISFIRINGCOSINE, d.MISFIRINGSINE, d.MISFIRINGRESULTANT, d.MISFIRINGPHASEANGLE)) {
                 ok = false;
                 return;

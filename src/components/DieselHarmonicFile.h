@@ -1,6 +1,8 @@
 // The measured harmonic files of the engines: normal firing and misfiring.
 #pragma once
 
+#include "base/RunContext.h"
+
 #include "components/GlobalDiesel.h"
 
 namespace qm::GLOBAL_DIESEL {
@@ -10,6 +12,6 @@ namespace qm::GLOBAL_DIESEL {
 // radians. A blank name is passed over; ok becomes true before a file is read and false at
 // the first failure, which ends the whole load and is logged. ok is left alone when no
 // engine names a file.
-void LOADORVANTISFILE(DieselTable& table, bool& ok);
+void LOADORVANTISFILE(RunContext& ctx, DieselTable& table, bool& ok);
 
 }  // namespace qm::GLOBAL_DIESEL

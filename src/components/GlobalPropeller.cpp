@@ -5,7 +5,6 @@
 
 #include "base/Constants.h"
 #include "base/GlobalParameter.h"
-#include "base/Log.h"
 
 namespace qm::GLOBAL_PROPELLER {
 
@@ -76,22 +75,23 @@ double CALCULATE_SPEEDRATIO(const PropellerTable& table, int i) {
 }
 
 void CALCULATE_PROPELLER_INERTIATOTAL(bool isFreeVibration, PropellerTable& table, int i,
-                                      int loadCase) {
+                                      int loadCase, std::vector<std::string>* messages) {
     if (!is_row(table, i)) return;
     PropellerRecord& p = table(i);
     double water = p.INERTIAWATER;
     if (p.ISVARIABLEENTRAINEDWATER && !isFreeVibration)
-        water = CALCULATE_PROPELLER_CURRENTINERTIAWATER(table, i, loadCase);
+        water = CALCULATE_PROPELLER_CURRENTINERTIAWATER(table, i, loadCase, messages);
     p.INERTIATOTAL = p.INERTIAAIR + water;
 }
 
-double CALCULATE_PROPELLER_CURRENTINERTIAWATER(const PropellerTable& table, int i, int loadCase) {
+double CALCULATE_PROPELLER_CURRENTINERTIAWATER(const PropellerTable& table, int i, int loadCase,
+                                               std::vector<std::string>* messages) {
     if (!is_row(table, i)) return 0.0;
     const PropellerRecord& p = table(i);
     const auto entries = static_cast<int>(p.VARIABLEENTRAINEDWATERTABLE.size());
     if (loadCase >= 1 && loadCase <= p.NLOADCASE && loadCase <= entries)
         return p.VARIABLEENTRAINEDWATERTABLE[static_cast<std::size_t>(loadCase - 1)];
-    LOG::append(ENTRAINEDWATERERROR);
+    if (messages != nullptr) messages->emplace_back(ENTRAINEDWATERERROR);
     return p.INERTIAWATER;
 }
 

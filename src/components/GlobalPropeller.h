@@ -37,7 +37,8 @@ constexpr std::size_t ice_position(int k, int j, int s) {
     return static_cast<std::size_t>((k - 1) * s + j - 1);
 }
 
-// Line appended to the log when a load case has no entrained water inertia of its own.
+// What a load case without entrained water inertia of its own reports; its caller writes
+// it to the log of the run.
 constexpr const char* ENTRAINEDWATERERROR =
     "Error occurs when setting variable propeller entrained water inertia at Propeller!";
 }  // namespace GLOBAL_PROPELLER
@@ -119,13 +120,16 @@ bool GET_PROPELLER_ISMODELCONSIDERPHASEANGLE(const PropellerTable& table);
 double CALCULATE_SPEEDRATIO(const PropellerTable& table, int i);
 
 // Sets INERTIATOTAL = INERTIAAIR + water. The free vibration always takes the nominal
-// INERTIAWATER; the forced one that of the load case when the water is variable.
+// INERTIAWATER; the forced one that of the load case when the water is variable. What the
+// water lookup reports goes to `messages` (see below).
 void CALCULATE_PROPELLER_INERTIATOTAL(bool isFreeVibration, PropellerTable& table, int i,
-                                      int loadCase);
+                                      int loadCase, std::vector<std::string>* messages = nullptr);
 // Entrained water of load case loadCase (1-based). Without an entry of its own (loadCase
 // above NLOADCASE, below 1, or beyond the table read) the nominal INERTIAWATER stands in
-// and ENTRAINEDWATERERROR is appended to the log.
-double CALCULATE_PROPELLER_CURRENTINERTIAWATER(const PropellerTable& table, int i, int loadCase);
+// and ENTRAINEDWATERERROR is added to `messages`, which the caller writes to the log at
+// once, in order. Model operations do no file I/O.
+double CALCULATE_PROPELLER_CURRENTINERTIAWATER(const PropellerTable& table, int i, int loadCase,
+                                               std::vector<std::string>* messages = nullptr);
 
 // The five damping models, Nms/rad, at the SPEED of the record. Each gives 0.0 where its
 // formula has no finite value: zero speed (Archer), zero MCRSPEED (Frahm), zero dynamic

@@ -2,8 +2,6 @@
 
 #include <fstream>
 
-#include "base/GlobalParameter.h"
-#include "base/Log.h"
 #include "base/TextLine.h"
 #include "base/StringOperation.h"
 #include "base/ValueReader.h"
@@ -14,13 +12,14 @@ namespace {
 
 class HarmonicFileReader {
 public:
-    HarmonicFileReader(const std::string& folder, const std::string& name, HarmonicFileContent& content)
-        : name_(name), c_(content) {
+    HarmonicFileReader(RunContext& ctx, const std::string& folder, const std::string& name,
+                       HarmonicFileContent& content)
+        : ctx_(ctx), name_(name), c_(content) {
         open_text_file(in_, side_file_path(folder, name));
     }
 
     bool fail() {
-        LOG::append("Error occurs when reading " + name_ + " in line " + std::to_string(counter_));
+        ctx_.log_append("Error occurs when reading " + name_ + " in line " + std::to_string(counter_));
         return false;
     }
 
@@ -81,6 +80,7 @@ public:
     }
 
 private:
+    RunContext& ctx_;
     std::string name_;
     std::ifstream in_;
     HarmonicFileContent& c_;
@@ -90,18 +90,17 @@ private:
 
 }  // namespace
 
-bool read_harmonic_file(const std::string& folder, const std::string& name, const HarmonicFileLayout& layout,
-                        HarmonicFileContent& content) {
-    GLOBAL_PARAMETER::GETFILEID();
-    HarmonicFileReader file(folder, name, content);
+bool read_harmonic_file(RunContext& ctx, const std::string& folder, const std::string& name,
+                        const HarmonicFileLayout& layout, HarmonicFileContent& content) {
+    HarmonicFileReader file(ctx, folder, name, content);
     content = HarmonicFileContent{};
     if (!file.skip(1) || !file.count(7, content.N) || !file.count(layout.axisLabelLength, content.M)) return false;
     if (content.N > layout.maxOrders) {
-        LOG::append(layout.ordersLimitMessage);
+        ctx.log_append(layout.ordersLimitMessage);
         return false;
     }
     if (content.M > layout.maxAxis) {
-        LOG::append(layout.axisLimitMessage);
+        ctx.log_append(layout.axisLimitMessage);
         return false;
     }
     // A count of zero or below reads no rows.

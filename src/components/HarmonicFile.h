@@ -9,6 +9,8 @@
 // four free lines, N rows.
 #pragma once
 
+#include "base/RunContext.h"
+
 #include <array>
 #include <string>
 #include <vector>
@@ -38,7 +40,7 @@ struct HarmonicFileLayout {
 // for a read past the end or a value that does not convert. What was read stays.
 // `name` is the file as the model wrote it, which messages show; a relative name starts in
 // `folder`.
-bool read_harmonic_file(const std::string& folder, const std::string& name, const HarmonicFileLayout& layout,
-                        HarmonicFileContent& content);
+bool read_harmonic_file(RunContext& ctx, const std::string& folder, const std::string& name,
+                        const HarmonicFileLayout& layout, HarmonicFileContent& content);
 
 }  // namespace qm

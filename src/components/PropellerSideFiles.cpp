@@ -2,8 +2,6 @@
 
 #include <fstream>
 
-#include "base/GlobalParameter.h"
-#include "base/Log.h"
 #include "base/TextLine.h"
 #include "base/StringOperation.h"
 #include "base/ValueReader.h"
@@ -16,8 +14,7 @@ namespace {
 class SideFile {
 public:
     // `name` as the model wrote it, for the messages; a relative name starts in `folder`.
-    SideFile(const std::string& folder, const std::string& name) : name_(name) {
-        GLOBAL_PARAMETER::GETFILEID();
+    SideFile(RunContext& ctx, const std::string& folder, const std::string& name) : ctx_(ctx), name_(name) {
         open_text_file(in_, side_file_path(folder, name));
     }
     bool next() {
@@ -32,12 +29,13 @@ public:
         return true;
     }
     bool fail() {
-        LOG::append("Error occurs when reading " + name_ + " in line " + std::to_string(counter_));
+        ctx_.log_append("Error occurs when reading " + name_ + " in line " + std::to_string(counter_));
         return false;
     }
     std::string& line() { return line_; }
 
 private:
+    RunContext& ctx_;
     std::string name_;
     std::ifstream in_;
     std::string line_;
@@ -71,7 +69,7 @@ bool read_ice_file(SideFile& file, PropellerRecord& p, int n) {
 
 }  // namespace
 
-void LOAD_PROPELLER_EXCITATIONFILE(PropellerTable& table, int i, bool& ok) {
+void LOAD_PROPELLER_EXCITATIONFILE(RunContext& ctx, PropellerTable& table, int i, bool& ok) {
     if (!is_row(table, i)) return;
     PropellerRecord& p = table(i);
     const std::string name = STRINGOPERATION::trimmed(p.EXCITATIONFILE);
@@ -80,27 +78,27 @@ void LOAD_PROPELLER_EXCITATIONFILE(PropellerTable& table, int i, bool& ok) {
     const int n = GET_PROPELLER_NICEFOURIERORDERS(table, i);
     if (n > MAXICEORDER || p.NSPEEDRATIO > MAXSPEEDRATIO || p.NSPEEDRATIO < 0) {
         // The tables hold 48 rows (11 blades) of at most 10 speed ratios.
-        LOG::append("Number of ice harmonic orders exceeds the max allowable number");
+        ctx.log_append("Number of ice harmonic orders exceeds the max allowable number");
         ok = false;
         return;
     }
-    SideFile file(p.SIDEFILEDIR, name);
+    SideFile file(ctx, p.SIDEFILEDIR, name);
     if (!read_ice_file(file, p, n)) ok = false;
 }
 
-void LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(PropellerTable& table, int i, bool& ok) {
+void LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(RunContext& ctx, PropellerTable& table, int i, bool& ok) {
     if (!is_row(table, i)) return;
     PropellerRecord& p = table(i);
     const std::string name = STRINGOPERATION::trimmed(p.VARIABLEENTRAINEDWATERFILE);
     if (name.empty() || p.NLOADCASE <= 0) return;
     ok = true;
     if (p.NLOADCASE > MAXLOADCASE) {
-        LOG::append("Number of load cases exceeds the max allowable number");
+        ctx.log_append("Number of load cases exceeds the max allowable number");
         ok = false;
         return;
     }
     p.VARIABLEENTRAINEDWATERTABLE.assign(static_cast<std::size_t>(p.NLOADCASE), 0.0);
-    SideFile file(p.SIDEFILEDIR, name);
+    SideFile file(ctx, p.SIDEFILEDIR, name);
     for (int lc = 1; lc <= p.NLOADCASE; ++lc) {
         if (!file.next()) {
             ok = false;

@@ -11,14 +11,14 @@ const HarmonicFileLayout PUMP_FILE = {16, 24, 100, "Number of harmonic orders ex
                                       "Number of speed percentage exceeds the max allowable number"};
 }  // namespace
 
-void LOADORVANTISPUMPFILE(ReciprocatingPumpTable& table, bool& ok) {
+void LOADORVANTISPUMPFILE(RunContext& ctx, ReciprocatingPumpTable& table, bool& ok) {
     for (int i = 1; i <= row_count(table); ++i) {
         ReciprocatingPumpRecord& p = table(i);
         const std::string name = STRINGOPERATION::trimmed(p.PUMPHARMONICFILE);
         if (name.empty()) continue;
         ok = true;
         HarmonicFileContent c;
-        const bool read = read_harmonic_file(p.SIDEFILEDIR, name, PUMP_FILE, c);
+        const bool read = read_harmonic_file(ctx, p.SIDEFILEDIR, name, PUMP_FILE, c);
         p.NHARMONICORDER = c.N;
         p.NSPEEDPERCENTAGE = c.M;
         for (std::size_t j = 0; j < c.order.size() && static_cast<int>(j) < c.N; ++j) p.HARMONICORDER[j] = c.order[j];

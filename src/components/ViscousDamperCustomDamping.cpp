@@ -3,8 +3,6 @@
 #include <fstream>
 #include <string>
 
-#include "base/GlobalParameter.h"
-#include "base/Log.h"
 #include "base/TextLine.h"
 #include "base/StringOperation.h"
 #include "base/ValueReader.h"
@@ -23,8 +21,8 @@ bool next_line(std::istream& in, std::string& line, int& counter) {
     return ok;
 }
 
-bool fail(const std::string& name, int counter, bool& ok) {
-    LOG::append("Error occurs when reading " + name + " in line " + std::to_string(counter));
+bool fail(RunContext& ctx, const std::string& name, int counter, bool& ok) {
+    ctx.log_append("Error occurs when reading " + name + " in line " + std::to_string(counter));
     ok = false;
     return false;
 }
@@ -49,7 +47,7 @@ double interpolate(const ViscousDamperRecord& d, const std::vector<double>& y, d
 
 }  // namespace
 
-void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok) {
+void LOADCUSTOMDAMPINGFILE(RunContext& ctx, ViscousDamperTable& table, int i, bool& ok) {
     if (!is_row(table, i)) return;
     ViscousDamperRecord& d = table(i);
     const std::string name = STRINGOPERATION::trimmed(d.CUSTOMDAMPINGFILE);
@@ -61,12 +59,11 @@ void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok) {
     std::string line;
     int counter = 0;
     {
-        GLOBAL_PARAMETER::GETFILEID();
         // A file that can't be opened reads as one that ends before line 1.
         std::ifstream in;
         open_text_file(in, path);
         if (!next_line(in, line, counter)) {
-            fail(name, counter, ok);
+            fail(ctx, name, counter, ok);
             return;
         }
         d.ISCUSTOMSTIFFNESS = STRINGOPERATION::STRINGSPLITCOUNT(line) != 2;
@@ -78,7 +75,7 @@ void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok) {
         d.NFREQUENCY = rows;
     }
     if (d.NFREQUENCY > MAXFREQUENCY) {
-        LOG::append("Number of frequencies exceeds the max allowable number");
+        ctx.log_append("Number of frequencies exceeds the max allowable number");
         ok = false;
         return;
     }
@@ -88,14 +85,13 @@ void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok) {
     d.FREQUENCIES.assign(n, 0.0);
     d.CUSTOMDAMPING.assign(n, 0.0);
     d.CUSTOMSTIFFNESS.assign(d.ISCUSTOMSTIFFNESS ? n : 0U, 0.0);
-    GLOBAL_PARAMETER::GETFILEID();
     std::ifstream in;
     open_text_file(in, path);
     counter = 0;
     next_line(in, line, counter);
     for (std::size_t k = 0; k < n; ++k) {
         if (!next_line(in, line, counter)) {
-            fail(name, counter, ok);
+            fail(ctx, name, counter, ok);
             return;
         }
         ValueReader values(line);
@@ -103,7 +99,7 @@ void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok) {
                               ? values.read_all(d.FREQUENCIES[k], d.CUSTOMDAMPING[k], d.CUSTOMSTIFFNESS[k])
                               : values.read_all(d.FREQUENCIES[k], d.CUSTOMDAMPING[k]);
         if (!read) {
-            fail(name, counter, ok);
+            fail(ctx, name, counter, ok);
             return;
         }
     }

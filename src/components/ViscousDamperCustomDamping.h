@@ -2,6 +2,8 @@
 // the damper's custom damping file.
 #pragma once
 
+#include "base/RunContext.h"
+
 #include "components/GlobalViscousDamper.h"
 
 namespace qm::GLOBAL_VISCOUSDAMPER {
@@ -11,7 +13,7 @@ namespace qm::GLOBAL_VISCOUSDAMPER {
 // three (frequency, damping, stiffness in Nm/rad). Every further non-blank line is a row,
 // without gaps, at most MAXFREQUENCY of them. A blank name or a row outside the table leaves
 // ok as it was; otherwise ok becomes true, and false after a failure, which is logged.
-void LOADCUSTOMDAMPINGFILE(ViscousDamperTable& table, int i, bool& ok);
+void LOADCUSTOMDAMPINGFILE(RunContext& ctx, ViscousDamperTable& table, int i, bool& ok);
 
 // Damping and stiffness of damper i at the frequency of an excitation order at the damper's
 // SPEED (f = SPEED * order / 60 Hz), interpolated linearly in the tables and extrapolated

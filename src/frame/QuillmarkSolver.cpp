@@ -19,7 +19,7 @@
 namespace qm {
 
 namespace {
-int run_stages(const std::string& FILENAME, const std::string& RESULTFILEDIR, ModelTables& tables, int CALCULATIONTYPE);
+int run_stages(RunContext& ctx, const std::string& FILENAME, ModelTables& tables, int CALCULATIONTYPE);
 }  // namespace
 
 bool runs_load_case_preparation(int CALCULATIONTYPE) { return CALCULATIONTYPE == 2 || CALCULATIONTYPE == 3; }
@@ -41,7 +41,10 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
         return 0;
     }
 
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(RESULTFILEDIR, static_cast<int>(RESULTFILEDIR.size()));
+    // Everything of this call lives on its stack: its run context and its tables. Calls
+    // running at once in other threads never share them.
+    RunContext ctx;
+    ctx.SETRESULTFILEDIR(RESULTFILEDIR, static_cast<int>(RESULTFILEDIR.size()));
     // A blank input directory leaves the file name as given, relative to the working
     // directory, rather than putting it at the root of the file system.
     const std::string FILENAME = STRINGOPERATION::trimmed(INPUTFILEDIR).empty()
@@ -51,16 +54,16 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
     ModelTables tables;
     int ISINPUTVALID = 0;
     try {
-        ISINPUTVALID = run_stages(FILENAME, RESULTFILEDIR, tables, CALCULATIONTYPE);
+        ISINPUTVALID = run_stages(ctx, FILENAME, tables, CALCULATIONTYPE);
     } catch (const std::bad_alloc&) {
         // The tables go first, so that the message has memory to be written with.
         tables.deallocate_all();
         ISINPUTVALID = 0;
-        LOG::append("Error: There is not enough memory for this model");
+        ctx.log_append("Error: There is not enough memory for this model");
     } catch (const std::exception& e) {
         tables.deallocate_all();
         ISINPUTVALID = 0;
-        LOG::append(std::string("Error: The calculation ended early: ") + e.what());
+        ctx.log_append(std::string("Error: The calculation ended early: ") + e.what());
     }
     tables.deallocate_all();
     return ISINPUTVALID;
@@ -70,28 +73,20 @@ namespace {
 
 // The stages of one run after the names are settled. An exception (memory that can't be
 // had, a row outside a table) leaves it; run_solver logs it.
-int run_stages(const std::string& FILENAME, const std::string& RESULTFILEDIR, ModelTables& tables, int CALCULATIONTYPE) {
+int run_stages(RunContext& ctx, const std::string& FILENAME, ModelTables& tables, int CALCULATIONTYPE) {
     bool ISSUCCESS = false;
     int ISINPUTVALID = 0;
-    IMPORTINPUTFILE::READINPUTFILE(FILENAME, tables, ISSUCCESS);
-    if (ISSUCCESS) IMPORTINPUTFILE::DATACHECKING(ISSUCCESS, tables, CALCULATIONTYPE);
+    IMPORTINPUTFILE::READINPUTFILE(ctx, FILENAME, tables, ISSUCCESS);
+    if (ISSUCCESS) IMPORTINPUTFILE::DATACHECKING(ctx, ISSUCCESS, tables, CALCULATIONTYPE);
     if (ISSUCCESS) {
         ISINPUTVALID = 1;
         if (runs_load_case_preparation(CALCULATIONTYPE)) IMPORTINPUTFILE::COUPLINGPOWERPREPARE(tables);
-        IMPORTINPUTFILE::OUTPUTSYSTEMINFO(tables);
-        IMPORTINPUTFILE::OUTPUTDIESELFIRINGSTATUS(tables.DIESEL_TABLE);
-        if (runs_free_vibration(CALCULATIONTYPE))
-            FREEVIBRATION::FREEVIBRATIONCALCULATION(
-                tables.MASS_TABLE, tables.SHAFT_TABLE, tables.VISCOUSDAMPER_TABLE, tables.LINEARCOUPLING_TABLE,
-                tables.PROGRESSIVECOUPLING_TABLE, tables.GEISLINGERCOUPLING_TABLE, tables.PROPELLER_TABLE,
-                tables.DIESEL_TABLE);
-        if (runs_forced_vibration(CALCULATIONTYPE)) {
-            RunContext ctx;
-            ctx.SETRESULTFILEDIR(RESULTFILEDIR, static_cast<int>(RESULTFILEDIR.size()));
-            ctx.OUTPUTANGLEBASEDRESULTS = GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS();
-            // A failed factorisation ends the run: its message is in the log, the files are closed.
-            if (!FORCEDVIBRATION::FORCEDVIBRATIONCALCULATION(ctx, tables)) ISINPUTVALID = 0;
-        }
+        IMPORTINPUTFILE::OUTPUTSYSTEMINFO(ctx, tables);
+        IMPORTINPUTFILE::OUTPUTDIESELFIRINGSTATUS(ctx, tables);
+        if (runs_free_vibration(CALCULATIONTYPE)) FREEVIBRATION::FREEVIBRATIONCALCULATION(ctx, tables);
+        // A failed factorisation ends the run: its message is in the log, the files are closed.
+        if (runs_forced_vibration(CALCULATIONTYPE) && !FORCEDVIBRATION::FORCEDVIBRATIONCALCULATION(ctx, tables))
+            ISINPUTVALID = 0;
     }
     return ISINPUTVALID;
 }

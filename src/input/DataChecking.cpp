@@ -13,8 +13,6 @@
 #include "components/ViscousDamperCustomDamping.h"
 #include "base/Constants.h"
 #include "base/Format.h"
-#include "base/GlobalParameter.h"
-#include "base/Log.h"
 #include "base/TextLine.h"
 #include "base/Truncate.h"
 #include "input/GraphTheory.h"
@@ -34,13 +32,15 @@ namespace {
 // Writes the findings of the check, one line each, and keeps the verdict.
 class Findings {
 public:
-    explicit Findings(bool& ok) : ok_(ok) {}
+    Findings(RunContext& ctx, bool& ok) : ctx_(ctx), ok_(ok) {}
 
     void error(const std::string& line) {
-        LOG::append(line);
+        ctx_.log_append(line);
         ok_ = false;
     }
-    void warning(const std::string& line) { LOG::append(line); }
+    void warning(const std::string& line) { ctx_.log_append(line); }
+    // The run, for the side file loaders that write their own lines.
+    RunContext& run() { return ctx_; }
     // An error whose line a side file loader has written itself.
     void failed() { ok_ = false; }
     bool clean() const { return ok_; }
@@ -73,6 +73,7 @@ public:
     }
 
 private:
+    RunContext& ctx_;
     bool& ok_;
     std::unordered_map<const void*, std::unordered_map<int, int>> seen_ids_;
 };
@@ -126,7 +127,7 @@ void check_viscous_dampers(Findings& f, ModelTables& t, const Graph& g) {
         if (ring == 0) f.error_node(prefix, d.ID, " has a ring node not listed in Inertia table (", d.RINGNODE);
         if (d.ISCUSTOMDAMPING) {
             bool loaded = true;
-            GLOBAL_VISCOUSDAMPER::LOADCUSTOMDAMPINGFILE(table, i, loaded);
+            GLOBAL_VISCOUSDAMPER::LOADCUSTOMDAMPINGFILE(f.run(), table, i, loaded);
             if (!loaded) f.failed();
         }
         if (d.ABSDAMPING < 0.0 && !d.ISCUSTOMDAMPING)
@@ -419,33 +420,31 @@ void load_side_files(Findings& f, ModelTables& t) {
     for (int i = 1; i <= row_count(t.DIESEL_TABLE); ++i) {
         if (t.DIESEL_TABLE(i).ISTHEORETICALPRESURE) continue;
         bool ok = true;
-        GLOBAL_DIESEL::LOADORVANTISFILE(t.DIESEL_TABLE, ok);
+        GLOBAL_DIESEL::LOADORVANTISFILE(f.run(), t.DIESEL_TABLE, ok);
         if (!ok) f.failed();
     }
     for (int i = 1; i <= row_count(t.PROPELLER_TABLE); ++i) {
         bool ok = true;
-        if (t.PROPELLER_TABLE(i).HASICEEXCITATION) GLOBAL_PROPELLER::LOAD_PROPELLER_EXCITATIONFILE(t.PROPELLER_TABLE, i, ok);
+        if (t.PROPELLER_TABLE(i).HASICEEXCITATION) GLOBAL_PROPELLER::LOAD_PROPELLER_EXCITATIONFILE(f.run(), t.PROPELLER_TABLE, i, ok);
         if (!ok) f.failed();
         ok = true;
         if (t.PROPELLER_TABLE(i).ISVARIABLEENTRAINEDWATER)
-            GLOBAL_PROPELLER::LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(t.PROPELLER_TABLE, i, ok);
+            GLOBAL_PROPELLER::LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(f.run(), t.PROPELLER_TABLE, i, ok);
         if (!ok) f.failed();
     }
     for (int i = 1; i <= row_count(t.RECIPROCATINGPUMP_TABLE); ++i) {
         if (t.RECIPROCATINGPUMP_TABLE(i).ISSIMPLIFIEDPRESSURE) continue;
         bool ok = true;
-        GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(t.RECIPROCATINGPUMP_TABLE, ok);
+        GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(f.run(), t.RECIPROCATINGPUMP_TABLE, ok);
         if (!ok) f.failed();
     }
 }
 
 }  // namespace
 
-void DATACHECKING(bool& ISSUCCESS, ModelTables& t, int CALCULATIONTYPE) {
+void DATACHECKING(RunContext& ctx, bool& ISSUCCESS, ModelTables& t, int CALCULATIONTYPE) {
     ISSUCCESS = true;
-    Findings f(ISSUCCESS);
-    GLOBAL_PARAMETER::GETFILEID();
-    GLOBAL_PARAMETER::GETFILEID();
+    Findings f(ctx, ISSUCCESS);
     Graph g{GLOBAL_MASS::GET_MASS_NUMBER(t.MASS_TABLE), mass_shaft_graph(t.MASS_TABLE, t.SHAFT_TABLE),
             RowsById(t.MASS_TABLE), RowsById(t.SHAFT_TABLE)};
 

@@ -6,12 +6,14 @@
 
 #include <string>
 
+#include "base/RunContext.h"
 #include "components/ModelTables.h"
 
 namespace qm::IMPORTINPUTFILE {
 
-// ISSUCCESS is set true on entry and false by every error (warnings leave it alone).
-void DATACHECKING(bool& ISSUCCESS, ModelTables& tables, int CALCULATIONTYPE);
+// ISSUCCESS is set true on entry and false by every error (warnings leave it alone). The
+// findings go to the log of the run.
+void DATACHECKING(RunContext& ctx, bool& ISSUCCESS, ModelTables& tables, int CALCULATIONTYPE);
 
 // A real in a message: the general numeric form of 7 significant digits in a field of 15,
 // without the trailing blanks of the fixed form.

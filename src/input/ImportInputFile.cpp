@@ -6,7 +6,6 @@
 #include <fstream>
 #include <iostream>
 
-#include "base/GlobalParameter.h"
 #include "base/Log.h"
 #include "input/InputReader.h"
 #include "input/InputSections.h"
@@ -22,7 +21,7 @@ bool InputReader::next_line() {
 }
 
 bool InputReader::fail(const std::string& message) const {
-    LOG::append(LOG::with_line_number(message, line_counter));
+    ctx.log_append(LOG::with_line_number(message, line_counter));
     return false;
 }
 
@@ -65,17 +64,17 @@ void allocate_tables(ModelTables& t, const std::array<int, NKINDS>& count, int n
 }
 
 // The sizing pass. False after an error, which is logged.
-bool size_tables(const std::string& filename, ModelTables& tables, std::array<int, NKINDS>& count, int& nLoadCase) {
+bool size_tables(RunContext& ctx, const std::string& filename, ModelTables& tables, std::array<int, NKINDS>& count,
+                 int& nLoadCase) {
     std::ifstream in;
     open_text_file(in, filename);
-    GLOBAL_PARAMETER::GETFILEID();
     count.fill(0);
     std::string line;
     bool ok = read_text_line(in, line);
     STRINGOPERATION::STRINGDELETETAB(line);
     std::string word = keyword_of(line);
     while (ok && word != "LOADCASE") {
-        if (word == "OUTPUTANGLEBASEDRESULTS") GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS() = true;
+        if (word == "OUTPUTANGLEBASEDRESULTS") ctx.OUTPUTANGLEBASEDRESULTS = true;
         for (int k = 0; k < NKINDS; ++k)
             if (word == KEYWORDS[static_cast<std::size_t>(k)]) ++count[static_cast<std::size_t>(k)];
         ok = read_text_line(in, line);
@@ -89,7 +88,7 @@ bool size_tables(const std::string& filename, ModelTables& tables, std::array<in
     nLoadCase = 0;
     if (ok && word == "LOADCASE") {
         if (nComponent == 0) {
-            LOG::append("Error occurs when reading loadcase settings data : No load setting defined");
+            ctx.log_append("Error occurs when reading loadcase settings data : No load setting defined");
             return false;
         }
         int rows = 0;
@@ -150,41 +149,35 @@ bool fill_tables(InputReader& reader, const std::array<int, NKINDS>& counted) {
 }  // namespace
 
 void ISFILEACCESSABLE(const std::string& FILENAME, bool& ISACCESSABLE) {
-    GLOBAL_PARAMETER::GETFILEID();
     // Only a regular file is accessible: a pipe would block the open, a device never ends.
     std::ifstream probe;
     ISACCESSABLE = open_text_file(probe, STRINGOPERATION::trimmed(FILENAME));
 }
 
-void READINPUTFILE(const std::string& FILENAME, ModelTables& tables, bool& ISSUCCESS) {
+void READINPUTFILE(RunContext& ctx, const std::string& FILENAME, ModelTables& tables, bool& ISSUCCESS) {
     ISSUCCESS = false;
-    // Units of the input, the log and the genset file.
-    GLOBAL_PARAMETER::GETFILEID();
-    GLOBAL_PARAMETER::GETFILEID();
-    GLOBAL_PARAMETER::GETFILEID();
     const std::string filename = STRINGOPERATION::trimmed(FILENAME);
-    GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS() = false;
+    ctx.OUTPUTANGLEBASEDRESULTS = false;
 
-    if (!LOG::create()) {
-        std::cerr << "Quillmark: the log cannot be written in the result directory \""
-                  << GLOBAL_PARAMETER::RESULTFILEDIR() << "\"; it must exist and be writable.\n";
+    if (!ctx.log_create()) {
+        std::cerr << "Quillmark: the log cannot be written in the result directory \"" << ctx.RESULTFILEDIR()
+                  << "\"; it must exist and be writable.\n";
         return;
     }
 
     bool accessible = false;
     ISFILEACCESSABLE(filename, accessible);
     if (!accessible) {
-        LOG::append("error occurs when accessing the input file" + filename);
+        ctx.log_append("error occurs when accessing the input file" + filename);
         return;
     }
 
     int nLoadCase = 0;
     std::array<int, NKINDS> counted{};
-    if (!size_tables(filename, tables, counted, nLoadCase)) return;
+    if (!size_tables(ctx, filename, tables, counted, nLoadCase)) return;
     std::ifstream in;
     open_text_file(in, filename);
-    GLOBAL_PARAMETER::GETFILEID();
-    InputReader reader(in, tables);
+    InputReader reader(ctx, in, tables);
     reader.nLoadCase = nLoadCase;
     reader.model_dir = std::filesystem::path(filename).parent_path().string();
     if (!fill_tables(reader, counted)) return;

@@ -8,12 +8,14 @@
 #include <istream>
 #include <string>
 
+#include "base/RunContext.h"
 #include "base/TextLine.h"
 #include "components/ModelTables.h"
 
 namespace qm {
 
 struct InputReader {
+    RunContext& ctx;     // the run whose log takes the messages
     std::istream& in;
     ModelTables& tables;
     int line_counter = 0;
@@ -23,7 +25,7 @@ struct InputReader {
     int isGenset = 0;    // isGenset of the DIESEL section read last
     std::string model_dir;  // folder of the model file; relative side-file names start here
 
-    InputReader(std::istream& input, ModelTables& t) : in(input), tables(t) {}
+    InputReader(RunContext& context, std::istream& input, ModelTables& t) : ctx(context), in(input), tables(t) {}
 
     // Reads the next line of a section into `line`, raising the line counter; tabs become
     // blanks and commas periods. At the end of the file the line is blank.

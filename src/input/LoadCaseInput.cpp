@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "base/Format.h"
-#include "base/GlobalParameter.h"
 #include "base/Log.h"
 #include "input/ImportInputFile.h"
 #include "base/StringOperation.h"
@@ -104,7 +103,7 @@ std::string first_word_upper(const std::string& line) {
 }
 
 bool fail_with(const InputReader& reader, const std::string& message, const std::string& detail) {
-    LOG::append(LOG::with_line_number(message, reader.line_counter) + detail);
+    reader.ctx.log_append(LOG::with_line_number(message, reader.line_counter) + detail);
     return false;
 }
 
@@ -198,12 +197,11 @@ void read_genset_file(InputReader& reader, bool& ISSUCCESS) {
     const int rows = reader.nLoadCase * row_count(t.DIESEL_TABLE);
     t.LOADCASEGENSET_TABLE.allocate(rows);
 
-    const std::string name =
-        GLOBAL_PARAMETER::FILEFULLADDRESS(GLOBAL_PARAMETER::RESULTFILEDIR(), GENSETFILENAME);
+    const std::string name = reader.ctx.result_path(GENSETFILENAME);
     bool accessible = false;
     ISFILEACCESSABLE(name, accessible);
     if (!accessible) {
-        LOG::append("error occurs when accessing the getset file" + STRINGOPERATION::trimmed(name));
+        reader.ctx.log_append("error occurs when accessing the getset file" + STRINGOPERATION::trimmed(name));
         ISSUCCESS = false;
         return;
     }
@@ -218,7 +216,7 @@ void read_genset_file(InputReader& reader, bool& ISSUCCESS) {
         STRINGOPERATION::STRINGDELETETAB(line);
         if (is_blank_line(line)) break;
         if (++row > rows) {
-            LOG::append(LOG::with_line_number(GENSET_ROWS_MESSAGE, line_number) + " : more lines than the " +
+            reader.ctx.log_append(LOG::with_line_number(GENSET_ROWS_MESSAGE, line_number) + " : more lines than the " +
                         std::to_string(rows) + " rows of load cases by diesel engines");
             ISSUCCESS = false;
             return;
@@ -226,7 +224,7 @@ void read_genset_file(InputReader& reader, bool& ISSUCCESS) {
         int dieselId = 0;
         double pressureMax = 0.0, pressureComp = 0.0;
         if (!ValueReader(line).read_all(dieselId, pressureMax, pressureComp)) {
-            LOG::append(LOG::with_line_number(GENSET_VALUES_MESSAGE, line_number));
+            reader.ctx.log_append(LOG::with_line_number(GENSET_VALUES_MESSAGE, line_number));
             ISSUCCESS = false;
             return;
         }

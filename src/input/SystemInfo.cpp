@@ -21,11 +21,10 @@
 #include "components/GlobalViscousDamper.h"
 #include "base/BinFile.h"
 #include "base/Format.h"
-#include "base/GlobalParameter.h"
 
 namespace qm::IMPORTINPUTFILE {
 
-void OUTPUTSYSTEMINFO(const ModelTables& t) {
+void OUTPUTSYSTEMINFO(RunContext& ctx, const ModelTables& t) {
     const std::array<double, 18> records = {
         static_cast<double>(GLOBAL_MASS::GET_MASS_NUMBER(t.MASS_TABLE)),
         static_cast<double>(GLOBAL_SHAFT::GET_SHAFT_NUMBER(t.SHAFT_TABLE)),
@@ -46,8 +45,7 @@ void OUTPUTSYSTEMINFO(const ModelTables& t) {
         static_cast<double>(GLOBAL_CENTRIFUGALPUMP::GET_CENTRIFUGALPUMP_NUMBER(t.CENTRIFUGALPUMP_TABLE)),
         static_cast<double>(GLOBAL_RECIPROCATINGPUMP::GET_RECIPROCATINGPUMP_NUMBER(t.RECIPROCATINGPUMP_TABLE)),
     };
-    write_bin_file(GLOBAL_PARAMETER::FILEFULLADDRESS(GLOBAL_PARAMETER::RESULTFILEDIR(), SYSTEMINFOFILE),
-                   records.data(), records.size());
+    write_bin_file(ctx.result_path(SYSTEMINFOFILE), records.data(), records.size());
 }
 
 namespace {
@@ -72,11 +70,10 @@ void status_line(std::ofstream& out, const DieselRecord& engine, int j, const ch
 }
 }  // namespace
 
-void OUTPUTDIESELFIRINGSTATUS(const DieselTable& DIESEL_TABLE) {
+void OUTPUTDIESELFIRINGSTATUS(RunContext& ctx, const ModelTables& tables) {
+    const DieselTable& DIESEL_TABLE = tables.DIESEL_TABLE;
     if (!DIESEL_TABLE.allocated()) return;
-    GLOBAL_PARAMETER::GETFILEID();
-    std::ofstream out(GLOBAL_PARAMETER::FILEFULLADDRESS(GLOBAL_PARAMETER::RESULTFILEDIR(), OVERVIEWFILE),
-                      std::ios::binary | std::ios::trunc);
+    std::ofstream out(ctx.result_path(OVERVIEWFILE), std::ios::binary | std::ios::trunc);
     out << "Engine                  Cyl       Bank       Firing Status\n";
     out << "----------------------------------------------------------\n";
     for (int e = 1; e <= DIESEL_TABLE.size(); ++e) {

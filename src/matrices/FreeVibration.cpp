@@ -1,42 +1,39 @@
 #include "matrices/FreeVibration.h"
 
 #include "base/BinFile.h"
-#include "base/GlobalParameter.h"
 #include "matrices/FreeUndampedVibrations.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"
 #include "matrices/RelativeResults.h"
 
 namespace qm::FREEVIBRATION {
 
-void FREEVIBRATIONCALCULATION(MassTable& MASS_TABLE, ShaftTable& SHAFT_TABLE,
-                              const ViscousDamperTable& VISCOUSDAMPER_TABLE,
-                              const LinearCouplingTable& LINEARCOUPLING_TABLE,
-                              const ProgressiveCouplingTable& PROGRESSIVECOUPLING_TABLE,
-                              const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
-                              PropellerTable& PROPELLER_TABLE, const DieselTable& DIESEL_TABLE) {
+void FREEVIBRATIONCALCULATION(RunContext& ctx, ModelTables& t) {
     using namespace MASSSTIFFNESSANDDAMPINGMATRIX;
-    MASSANDSHAFTTABLEPREPARATION(true, MASS_TABLE, SHAFT_TABLE, VISCOUSDAMPER_TABLE, LINEARCOUPLING_TABLE,
-                                 PROGRESSIVECOUPLING_TABLE, PROPELLER_TABLE, 1);
+    MassTable& MASS_TABLE = t.MASS_TABLE;
+    ShaftTable& SHAFT_TABLE = t.SHAFT_TABLE;
+    PropellerTable& PROPELLER_TABLE = t.PROPELLER_TABLE;
+    const DieselTable& DIESEL_TABLE = t.DIESEL_TABLE;
+    const ViscousDamperTable& VISCOUSDAMPER_TABLE = t.VISCOUSDAMPER_TABLE;
+    MASSANDSHAFTTABLEPREPARATION(true, MASS_TABLE, SHAFT_TABLE, VISCOUSDAMPER_TABLE, t.LINEARCOUPLING_TABLE,
+                                 t.PROGRESSIVECOUPLING_TABLE, PROPELLER_TABLE, 1);
     SystemMatrices mx;
-    BUILDMASSSTIFFNESSANDDAMPINGMATRIX(true, MASS_TABLE, SHAFT_TABLE, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE,
+    BUILDMASSSTIFFNESSANDDAMPINGMATRIX(true, MASS_TABLE, SHAFT_TABLE, t.GEISLINGERCOUPLING_TABLE, DIESEL_TABLE,
                                        VISCOUSDAMPER_TABLE, 1.0, mx);
     FREEUNDAMPEDVIBRATIONSMODULE::FREEUNDAMPEDVIBRATIONS(mx, 0);
 
     // Mode 1 is the rigid-body mode: its computed eigenvalue is never used.
     if (mx.N >= 1) mx.D(1) = 0.0;
-    const std::string path =
-        GLOBAL_PARAMETER::FILEFULLADDRESS(GLOBAL_PARAMETER::RESULTFILEDIR(), NATURALFREQUENCYFILE);
-    write_bin_file(path, mx.D.data(), static_cast<std::size_t>(mx.N));
+    write_bin_file(ctx.result_path(NATURALFREQUENCYFILE), mx.D.data(), static_cast<std::size_t>(mx.N));
 
     Table<double> RELATIVEDEFLECTION;
     Table<double> RELATIVETORQUE;
-    RELATIVEINERTIADEFLECTION(MASS_TABLE, SHAFT_TABLE, DIESEL_TABLE, PROPELLER_TABLE, mx.N, mx.V, RELATIVEDEFLECTION);
-    RELATIVEINERTIATORQUE(MASS_TABLE, SHAFT_TABLE, mx.N, RELATIVEDEFLECTION, RELATIVETORQUE);
+    RELATIVEINERTIADEFLECTION(ctx, MASS_TABLE, SHAFT_TABLE, DIESEL_TABLE, PROPELLER_TABLE, mx.N, mx.V, RELATIVEDEFLECTION);
+    RELATIVEINERTIATORQUE(ctx, MASS_TABLE, SHAFT_TABLE, mx.N, RELATIVEDEFLECTION, RELATIVETORQUE);
     if (DIESEL_TABLE.allocated()) {
         Table<double> VECTORSUMRPM;
         Table<double> VECTORSUMANGLE;
         Table<double> VECTORSUM;
-        VECTORSUMS(MASS_TABLE, DIESEL_TABLE, mx.N, mx.D, RELATIVEDEFLECTION, VECTORSUMRPM, VECTORSUMANGLE, VECTORSUM);
+        VECTORSUMS(ctx, MASS_TABLE, DIESEL_TABLE, mx.N, mx.D, RELATIVEDEFLECTION, VECTORSUMRPM, VECTORSUMANGLE, VECTORSUM);
     }
 }
 

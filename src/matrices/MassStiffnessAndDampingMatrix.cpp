@@ -16,7 +16,8 @@ void MASSANDSHAFTTABLEPREPARATION(bool free, MassTable& MASS_TABLE, ShaftTable& 
                                   const ViscousDamperTable& VISCOUSDAMPER_TABLE,
                                   const LinearCouplingTable& LINEARCOUPLING_TABLE,
                                   const ProgressiveCouplingTable& PROGRESSIVECOUPLING_TABLE,
-                                  PropellerTable& PROPELLER_TABLE, int loadcase) {
+                                  PropellerTable& PROPELLER_TABLE, int loadcase,
+                                  std::vector<std::string>* messages) {
     for (int i = 1; i <= GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE); ++i)
         MASS_TABLE(i).INERTIAEFFECTIVE = MASS_TABLE(i).INERTIA;
     for (int i = 1; i <= GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE); ++i)
@@ -58,7 +59,7 @@ void MASSANDSHAFTTABLEPREPARATION(bool free, MassTable& MASS_TABLE, ShaftTable& 
     // gives the damping of its mass.
     if (PROPELLER_TABLE.allocated()) {
         for (int i = 1; i <= PROPELLER_TABLE.size(); ++i) {
-            GLOBAL_PROPELLER::CALCULATE_PROPELLER_INERTIATOTAL(free, PROPELLER_TABLE, i, loadcase);
+            GLOBAL_PROPELLER::CALCULATE_PROPELLER_INERTIATOTAL(free, PROPELLER_TABLE, i, loadcase, messages);
             const int mass = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, PROPELLER_TABLE(i).PROPELLERNODE);
             if (mass < 1) continue;  // reported by the data check
             MASS_TABLE(mass).INERTIAEFFECTIVE = PROPELLER_TABLE(i).INERTIATOTAL;

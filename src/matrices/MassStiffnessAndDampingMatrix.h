@@ -3,8 +3,11 @@
 // the square of each element's speed ratio.
 #pragma once
 
-#include "components/ModelTables.h"
+#include <string>
+#include <vector>
+
 #include "base/Table.h"
+#include "components/ModelTables.h"
 
 namespace qm {
 
@@ -29,12 +32,15 @@ struct SystemMatrices {
 namespace MASSSTIFFNESSANDDAMPINGMATRIX {
 
 // Sets INERTIAEFFECTIVE and STIFFNESSDYNAMIC of the tables for the free (free = true) or
-// the forced calculation of a load case.
+// the forced calculation of a load case. The lines a propeller reports on the way (a load
+// case without entrained water of its own) are added to `messages` in propeller order; a
+// forced caller passes them and writes them to the log of its run right after the call.
 void MASSANDSHAFTTABLEPREPARATION(bool free, MassTable& MASS_TABLE, ShaftTable& SHAFT_TABLE,
                                   const ViscousDamperTable& VISCOUSDAMPER_TABLE,
                                   const LinearCouplingTable& LINEARCOUPLING_TABLE,
                                   const ProgressiveCouplingTable& PROGRESSIVECOUPLING_TABLE,
-                                  PropellerTable& PROPELLER_TABLE, int loadcase);
+                                  PropellerTable& PROPELLER_TABLE, int loadcase,
+                                  std::vector<std::string>* messages = nullptr);
 
 // N: rows of MASS_TABLE, without the viscous damper rings in free mode. NNZ = 3N - 2.
 void CALCUALTEMASSSTIFFNESSMATRIXDIMENSION(bool free, const MassTable& MASS_TABLE, int& N, int& NNZ);

@@ -7,18 +7,13 @@
 #include "components/GlobalShaft.h"
 #include "base/BinFile.h"
 #include "base/Constants.h"
-#include "base/GlobalParameter.h"
 
 namespace qm::FREEVIBRATION {
 
 namespace {
 
-std::string result_path(const char* name) {
-    return GLOBAL_PARAMETER::FILEFULLADDRESS(GLOBAL_PARAMETER::RESULTFILEDIR(), name);
-}
-
-void write_table(const char* name, const Table<double>& values) {
-    write_bin_file(result_path(name), values.data(), static_cast<std::size_t>(values.size()));
+void write_table(RunContext& ctx, const char* name, const Table<double>& values) {
+    write_bin_file(ctx.result_path(name), values.data(), static_cast<std::size_t>(values.size()));
 }
 
 // The value of largest magnitude among the free degrees of freedom of rows with the given
@@ -42,7 +37,7 @@ double reference_of_masstype(const MassTable& masses, const Array2D<double>& v_r
 
 }  // namespace
 
-void RELATIVEINERTIADEFLECTION(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
+void RELATIVEINERTIADEFLECTION(RunContext& ctx, const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
                                const DieselTable& DIESEL_TABLE, const PropellerTable& PROPELLER_TABLE, int N,
                                const Array2D<double>& V, Table<double>& RELATIVEDEFLECTION) {
     (void)SHAFT_TABLE;
@@ -76,10 +71,10 @@ void RELATIVEINERTIADEFLECTION(const MassTable& MASS_TABLE, const ShaftTable& SH
             RELATIVEDEFLECTION(mode_record(m, r, nmass)) = v_rpm(dof, m) / reference;
         }
     }
-    write_table(RELATIVEDEFLECTIONFILE, RELATIVEDEFLECTION);
+    write_table(ctx, RELATIVEDEFLECTIONFILE, RELATIVEDEFLECTION);
 }
 
-void RELATIVEINERTIATORQUE(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, int N,
+void RELATIVEINERTIATORQUE(RunContext& ctx, const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, int N,
                            const Table<double>& RELATIVEDEFLECTION, Table<double>& RELATIVETORQUE) {
     const int nmass = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
     const int nshaft = GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE);
@@ -96,7 +91,7 @@ void RELATIVEINERTIATORQUE(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_
                 shaft.STIFFNESS * (RELATIVEDEFLECTION(mode_record(m, i, nmass)) - RELATIVEDEFLECTION(mode_record(m, j, nmass)));
         }
     }
-    write_table(RELATIVETORQUEFILE, RELATIVETORQUE);
+    write_table(ctx, RELATIVETORQUEFILE, RELATIVETORQUE);
 }
 
 int vector_sum_order_count(const DieselTable& DIESEL_TABLE) {
@@ -106,7 +101,7 @@ int vector_sum_order_count(const DieselTable& DIESEL_TABLE) {
     return norder;
 }
 
-void VECTORSUMS(const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, int N, const Table<double>& D,
+void VECTORSUMS(RunContext& ctx, const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, int N, const Table<double>& D,
                 const Table<double>& RELATIVEDEFLECTION, Table<double>& VECTORSUMRPM, Table<double>& VECTORSUMANGLE,
                 Table<double>& VECTORSUM) {
     constexpr double TWO_PI = 6.283185307179586;
@@ -180,12 +175,9 @@ void VECTORSUMS(const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, in
         }
     }
 
-    GLOBAL_PARAMETER::GETFILEID();
-    GLOBAL_PARAMETER::GETFILEID();
-    GLOBAL_PARAMETER::GETFILEID();
-    write_table(VECTORSUMFILE, VECTORSUM);
-    write_table(VECTORSUMRPMFILE, VECTORSUMRPM);
-    write_table(VECTORSUMANGLEFILE, VECTORSUMANGLE);
+    write_table(ctx, VECTORSUMFILE, VECTORSUM);
+    write_table(ctx, VECTORSUMRPMFILE, VECTORSUMRPM);
+    write_table(ctx, VECTORSUMANGLEFILE, VECTORSUMANGLE);
     VECTORSUM.deallocate();
     VECTORSUMRPM.deallocate();
     VECTORSUMANGLE.deallocate();

@@ -3,8 +3,9 @@
 // torsional vibration report shows beside each natural frequency.
 #pragma once
 
-#include "components/ModelTables.h"
+#include "base/RunContext.h"
 #include "base/Table.h"
+#include "components/ModelTables.h"
 
 namespace qm::FREEVIBRATION {
 
@@ -18,21 +19,21 @@ constexpr const char* VECTORSUMANGLEFILE = "VectorSumAngle.bin";
 // normalised per mode to the largest cylinder deflection (else the largest propeller
 // deflection, else the first degree of freedom). Element (m-2)*NMASS + r for mode m = 2..N
 // and row r of MASS_TABLE; damper ring rows hold 0.0. Writes "RelativeDeflection.bin".
-void RELATIVEINERTIADEFLECTION(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
+void RELATIVEINERTIADEFLECTION(RunContext& ctx, const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
                                const DieselTable& DIESEL_TABLE, const PropellerTable& PROPELLER_TABLE, int N,
                                const Array2D<double>& V, Table<double>& RELATIVEDEFLECTION);
 
 // Static stiffness times the difference of the relative deflections of each shaft's two
 // ends. Element (m-2)*NSHAFT + s; the spring of a viscous damper holds 0.0. Writes
 // "RelativeTorque.bin".
-void RELATIVEINERTIATORQUE(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, int N,
+void RELATIVEINERTIATORQUE(RunContext& ctx, const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE, int N,
                            const Table<double>& RELATIVEDEFLECTION, Table<double>& RELATIVETORQUE);
 
 // For each engine e, mode m = 2..N and order place o: the cylinders' relative deflections
 // added as vectors turned by firing angle times order, relative to the strongest order of
 // that engine and mode. Element ((e-1)*(N-1) + (m-2))*NORDER + o. Writes "VectorSum.bin",
 // "VectorSumRpm.bin" and "VectorSumAngle.bin" and frees the three arrays.
-void VECTORSUMS(const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, int N, const Table<double>& D,
+void VECTORSUMS(RunContext& ctx, const MassTable& MASS_TABLE, const DieselTable& DIESEL_TABLE, int N, const Table<double>& D,
                 const Table<double>& RELATIVEDEFLECTION, Table<double>& VECTORSUMRPM, Table<double>& VECTORSUMANGLE,
                 Table<double>& VECTORSUM);
 

@@ -3,25 +3,28 @@
 #include <cmath>
 
 #include "base/GlobalParameter.h"
+#include "base/RunContext.h"
 
 namespace qm::GLOBAL_PARAMETER {
 namespace {
 
 TEST(GlobalParameter, ResultDirectoryWithAndWithoutFinalSeparatorGivesTheSamePaths) {
-    SETRESULTFILEDIR("/data/run1/", 11);
-    const std::string with = FILEFULLADDRESS(RESULTFILEDIR(), "Quillmark.log");
-    SETRESULTFILEDIR("/data/run1", 10);
-    EXPECT_EQ(RESULTFILEDIR(), "/data/run1/");
-    EXPECT_EQ(FILEFULLADDRESS(RESULTFILEDIR(), "Quillmark.log"), with);
+    RunContext ctx;
+    ctx.SETRESULTFILEDIR("/data/run1/", 11);
+    const std::string with = ctx.result_path("Quillmark.log");
+    ctx.SETRESULTFILEDIR("/data/run1", 10);
+    EXPECT_EQ(ctx.RESULTFILEDIR(), "/data/run1/");
+    EXPECT_EQ(ctx.log_path(), with);
     EXPECT_EQ(with, "/data/run1/Quillmark.log");
 }
 
 TEST(GlobalParameter, LeadingBlanksAreRemovedAndTheLengthCutsTheText) {
-    SETRESULTFILEDIR("   /data/run2", 13);
-    EXPECT_EQ(RESULTFILEDIR(), "/data/run2/");
+    RunContext ctx;
+    ctx.SETRESULTFILEDIR("   /data/run2", 13);
+    EXPECT_EQ(ctx.RESULTFILEDIR(), "/data/run2/");
     // Only the first `length` characters count.
-    SETRESULTFILEDIR("/data/run2/extra", 10);
-    EXPECT_EQ(RESULTFILEDIR(), "/data/run2/");
+    ctx.SETRESULTFILEDIR("/data/run2/extra", 10);
+    EXPECT_EQ(ctx.RESULTFILEDIR(), "/data/run2/");
 }
 
 TEST(GlobalParameter, FileFullAddressTrimsBothPartsAndJoinsWithOneSeparator) {
@@ -30,12 +33,15 @@ TEST(GlobalParameter, FileFullAddressTrimsBothPartsAndJoinsWithOneSeparator) {
     EXPECT_EQ(FILEFULLADDRESS("relative", "x.bin"), "relative/x.bin");
 }
 
-TEST(GlobalParameter, FileUnitsRunInStepsOfTenAndAreNeverReused) {
-    const int first = GETFILEID();
-    const int second = GETFILEID();
-    EXPECT_GE(first, 10);
-    EXPECT_EQ(first % 10, 0);
-    EXPECT_EQ(second, first + 10);
+TEST(GlobalParameter, EachRunHasItsOwnDirectoryAndFileUnits) {
+    RunContext a, b;
+    a.SETRESULTFILEDIR("/data/a", 7);
+    b.SETRESULTFILEDIR("/data/b", 7);
+    EXPECT_EQ(a.log_path(), "/data/a/Quillmark.log");
+    EXPECT_EQ(b.log_path(), "/data/b/Quillmark.log");
+    EXPECT_EQ(a.GETFILEID(), 10);
+    EXPECT_EQ(a.GETFILEID(), 20);
+    EXPECT_EQ(b.GETFILEID(), 10);
 }
 
 TEST(GlobalParameter, UndimensionedDampingFactorOfAMagnifier) {

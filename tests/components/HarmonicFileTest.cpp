@@ -6,7 +6,6 @@
 #include "components/DieselHarmonicFile.h"
 #include "components/ReciprocatingPumpFile.h"
 #include "base/Constants.h"
-#include "base/GlobalParameter.h"
 
 namespace qm {
 namespace {
@@ -39,7 +38,7 @@ struct Engine {
     bool ok = false;
     std::vector<std::string> log;
     explicit Engine(const std::string& normal, const std::string& misfiring = "") {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+        RunContext ctx = test::run_in(dir.str());
         table.allocate(1);
         if (!normal.empty()) {
             test::write_file(dir / "normal.txt", normal);
@@ -49,7 +48,7 @@ struct Engine {
             test::write_file(dir / "mis.txt", misfiring);
             table(1).MISHARMONICFILE = (dir / "mis.txt").string();
         }
-        GLOBAL_DIESEL::LOADORVANTISFILE(table, ok);
+        GLOBAL_DIESEL::LOADORVANTISFILE(ctx, table, ok);
         log = test::read_lines(dir / "Quillmark.log");
     }
     std::string error(int line) const {
@@ -72,12 +71,12 @@ TEST(HarmonicFile, EngineFileIsReadAndConvertedToSI) {
 
 TEST(HarmonicFile, TheExampleEngineFileLoads) {
     test::ScratchDir dir;
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+    RunContext ctx = test::run_in(dir.str());
     DieselTable t;
     t.allocate(1);
     t(1).MISHARMONICFILE = std::string(QM_EXAMPLES_DIR) + "/geared-four-stroke/harmonics-misfire.txt";
     bool ok = false;
-    GLOBAL_DIESEL::LOADORVANTISFILE(t, ok);
+    GLOBAL_DIESEL::LOADORVANTISFILE(ctx, t, ok);
     EXPECT_TRUE(ok);
     EXPECT_EQ(t(1).NHARMONICORDERMIS, 24);
     EXPECT_EQ(t(1).NMEANINDICATEDPRESSUREMIS, 5);
@@ -111,19 +110,19 @@ TEST(HarmonicFile, KeywordSearchFailuresEndWithFileAndLine) {
 
 TEST(HarmonicFile, PumpFileHasALongerLabelAndSpeedPercentages) {
     test::ScratchDir dir;
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+    RunContext ctx = test::run_in(dir.str());
     test::write_file(dir / "pump.txt", harmonic_file(2, 3, "SPEEDPERCENTAGE:"));
     ReciprocatingPumpTable t;
     t.allocate(2);
     t(2).PUMPHARMONICFILE = (dir / "pump.txt").string();
     bool ok = false;
-    GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(t, ok);
+    GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(ctx, t, ok);
     ASSERT_TRUE(ok);
     EXPECT_EQ(t(2).NSPEEDPERCENTAGE, 3);
     EXPECT_EQ(t(2).SPEEDPERCENTAGES[2], 15.0);  // as it stands
     EXPECT_EQ(t(2).NORMALSINE[5], 2.03 * 1000000.0);
     test::write_file(dir / "pump.txt", harmonic_file(1, 101, "SPEEDPERCENTAGE:"));
-    GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(t, ok);
+    GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(ctx, t, ok);
     EXPECT_FALSE(ok);
     EXPECT_EQ(test::read_lines(dir / "Quillmark.log").back(),
               "Number of speed percentage exceeds the max allowable number");

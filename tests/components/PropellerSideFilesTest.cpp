@@ -2,7 +2,6 @@
 
 #include "../TestSupport.h"
 #include "components/PropellerSideFiles.h"
-#include "base/GlobalParameter.h"
 
 namespace qm::GLOBAL_PROPELLER {
 namespace {
@@ -11,10 +10,8 @@ struct Propeller {
     test::ScratchDir dir;
     PropellerTable table;
     bool ok = false;
-    Propeller() {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
-        table.allocate(1);
-    }
+    RunContext ctx = test::run_in(dir.str());
+    Propeller() { table.allocate(1); }
     std::vector<std::string> log() const { return test::read_lines(dir / "Quillmark.log"); }
     std::string error(const char* file, int line) const {
         return "Error occurs when reading " + (dir / file).string() + " in line " + std::to_string(line);
@@ -45,7 +42,7 @@ TEST(PropellerSideFiles, IceFileOfAFourBladePropellerLineByLine) {
     r.NBLADE = 4;
     r.NSPEEDRATIO = 2;
     r.EXCITATIONFILE = (p.dir / "ice.txt").string();
-    LOAD_PROPELLER_EXCITATIONFILE(p.table, 1, p.ok);
+    LOAD_PROPELLER_EXCITATIONFILE(p.ctx, p.table, 1, p.ok);
     ASSERT_TRUE(p.ok) << p.log().front();
     EXPECT_EQ(r.SPEEDRATIO[1], 1.0);
     EXPECT_EQ(r.ICECOSINE[ice_position(1, 2, 2)], 1.2);   // line 9
@@ -59,7 +56,7 @@ TEST(PropellerSideFiles, IceFileOfAFourBladePropellerLineByLine) {
     test::write_file(cut.dir / "ice.txt", ice_file(40));
     cut.table(1) = r;
     cut.table(1).EXCITATIONFILE = (cut.dir / "ice.txt").string();
-    LOAD_PROPELLER_EXCITATIONFILE(cut.table, 1, cut.ok);
+    LOAD_PROPELLER_EXCITATIONFILE(cut.ctx, cut.table, 1, cut.ok);
     EXPECT_FALSE(cut.ok);
     EXPECT_EQ(cut.log(), std::vector<std::string>{cut.error("ice.txt", 41)});
 }
@@ -70,18 +67,18 @@ TEST(PropellerSideFiles, EntrainedWaterOneLinePerLoadCase) {
     r.NLOADCASE = 3;
     r.VARIABLEENTRAINEDWATERFILE = (p.dir / "water.txt").string();
     test::write_file(p.dir / "water.txt", "LC1 1500\n2 1600,5\nfull 1700\nextra 1800\n");
-    LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(p.table, 1, p.ok);
+    LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(p.ctx, p.table, 1, p.ok);
     ASSERT_TRUE(p.ok);
     EXPECT_EQ(r.VARIABLEENTRAINEDWATERTABLE, (std::vector<double>{1500.0, 1600.5, 1700.0}));
 
     r.NLOADCASE = 5;  // fewer lines than load cases
-    LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(p.table, 1, p.ok);
+    LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(p.ctx, p.table, 1, p.ok);
     EXPECT_FALSE(p.ok);
     EXPECT_EQ(p.log(), std::vector<std::string>{p.error("water.txt", 5)});
 
     bool untouched = true;
     r.VARIABLEENTRAINEDWATERFILE.clear();  // a blank name: nothing to do
-    LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(p.table, 1, untouched);
+    LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(p.ctx, p.table, 1, untouched);
     EXPECT_TRUE(untouched);
 }
 

@@ -2,7 +2,6 @@
 
 #include "../TestSupport.h"
 #include "components/ViscousDamperCustomDamping.h"
-#include "base/GlobalParameter.h"
 
 namespace qm::GLOBAL_VISCOUSDAMPER {
 namespace {
@@ -14,11 +13,11 @@ struct DamperFile {
     std::vector<std::string> log;
 
     explicit DamperFile(const std::string& text) {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+        RunContext ctx = test::run_in(dir.str());
         test::write_file(dir / "damping.txt", text);
         table.allocate(1);
         table(1).CUSTOMDAMPINGFILE = (dir / "damping.txt").string();
-        LOADCUSTOMDAMPINGFILE(table, 1, ok);
+        LOADCUSTOMDAMPINGFILE(ctx, table, 1, ok);
         log = test::read_lines(dir / "Quillmark.log");
     }
     std::string error(int line) const {
@@ -58,12 +57,13 @@ TEST(ViscousDamperCustomDamping, RowsThatDoNotReadEndTheLoadWithFileAndLine) {
 }
 
 TEST(ViscousDamperCustomDamping, BlankNameLeavesTheFlagAlone) {
+    RunContext ctx;
     ViscousDamperTable table;
     table.allocate(1);
     bool ok = true;
-    LOADCUSTOMDAMPINGFILE(table, 1, ok);
+    LOADCUSTOMDAMPINGFILE(ctx, table, 1, ok);
     EXPECT_TRUE(ok);
-    LOADCUSTOMDAMPINGFILE(table, 2, ok);  // no such row
+    LOADCUSTOMDAMPINGFILE(ctx, table, 2, ok);  // no such row
     EXPECT_TRUE(ok);
 }
 

@@ -7,7 +7,6 @@
 #include <tuple>
 
 #include "../TestSupport.h"
-#include "base/GlobalParameter.h"
 #include "base/Log.h"
 #include "input/ImportInputFile.h"
 
@@ -26,6 +25,7 @@ std::string at(const std::string& message, int line) { return LOG::with_line_num
 struct Section {
     test::ScratchDir dir;
     ModelTables tables;
+    RunContext ctx = test::run_in(dir.str());
     std::istringstream in;
     InputReader reader;
     bool ok = false;
@@ -33,9 +33,8 @@ struct Section {
 
     Section(const std::string& table, int nLoadCase,
             const std::function<void(ModelTables&)>& setup = diesel_and_propeller)
-        : in(table), reader(in, tables) {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
-        LOG::create();
+        : in(table), reader(ctx, in, tables) {
+        ctx.log_create();
         setup(tables);
         reader.line_counter = 1;
         reader.nLoadCase = nLoadCase;
@@ -210,10 +209,10 @@ struct Read {
     std::vector<std::string> log;
 
     explicit Read(const std::string& model, const std::string* genset = nullptr) {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+        RunContext ctx = test::run_in(dir.str());
         test::write_file(dir / "model.qmk", model);
         if (genset != nullptr) test::write_file(dir / "Genset.txt", *genset);
-        IMPORTINPUTFILE::READINPUTFILE((dir / "model.qmk").string(), tables, ok);
+        IMPORTINPUTFILE::READINPUTFILE(ctx, (dir / "model.qmk").string(), tables, ok);
         log = test::read_lines(dir / "Quillmark.log");
     }
 };

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "ReadModel.h"
-#include "base/GlobalParameter.h"
 #include "base/Log.h"
 #include "input/ImportInputFile.h"
 
@@ -126,9 +125,9 @@ TEST(ReadInputFile, ValuesBeyondColumn2600CountAsMissing) {
 TEST(ReadInputFile, OutputAngleBasedResultsCountsOnlyBeforeLoadCase) {
     Read before("OUTPUTANGLEBASEDRESULTS whatever follows\nINERTIA 1 1 10 0 0\n");
     EXPECT_TRUE(before.ok);
-    EXPECT_TRUE(GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS());
-    Read reset("INERTIA 1 1 10 0 0\n");
-    EXPECT_FALSE(GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS());
+    EXPECT_TRUE(before.ctx.OUTPUTANGLEBASEDRESULTS);
+    Read after("INERTIA 1 1 10 0 0\nLOADCASE\nOUTPUTANGLEBASEDRESULTS\n");
+    EXPECT_FALSE(after.ctx.OUTPUTANGLEBASEDRESULTS);
 }
 
 TEST(ReadInputFile, LoadCaseWithoutComponentsIsAnErrorWithoutLineNumber) {
@@ -155,11 +154,11 @@ TEST(ReadInputFile, ComponentKeywordsSizeTheirTablesAndTheLoadCaseComponentList)
 
 TEST(ReadInputFile, AnInputFileThatCannotBeOpenedIsReportedByName) {
     test::ScratchDir dir;
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+    RunContext ctx = test::run_in(dir.str());
     ModelTables t;
     bool ok = true;
     const std::string missing = (dir / "missing.qmk").string();
-    IMPORTINPUTFILE::READINPUTFILE(missing, t, ok);
+    IMPORTINPUTFILE::READINPUTFILE(ctx, missing, t, ok);
     EXPECT_FALSE(ok);
     const auto log = test::read_lines(dir / "Quillmark.log");
     ASSERT_EQ(log.size(), 1U);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "../TestSupport.h"
-#include "base/GlobalParameter.h"
 #include "base/Log.h"
 #include "input/ImportInputFile.h"
 
@@ -14,10 +13,11 @@ struct ReadModel {
     bool ok = false;
     std::vector<std::string> log;
 
+    RunContext ctx = run_in(dir.str());
+
     explicit ReadModel(const std::string& model) {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
         write_file(dir / "model.qmk", model);
-        IMPORTINPUTFILE::READINPUTFILE((dir / "model.qmk").string(), tables, ok);
+        IMPORTINPUTFILE::READINPUTFILE(ctx, (dir / "model.qmk").string(), tables, ok);
         log = read_lines(dir / "Quillmark.log");
     }
 };

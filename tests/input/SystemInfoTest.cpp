@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "../TestSupport.h"
-#include "base/GlobalParameter.h"
 #include "frame/QuillmarkSolver.h"
 #include "input/SystemInfo.h"
 
@@ -26,14 +25,14 @@ TEST(SystemInfo, EighteenRecordsInTheirFixedOrderAlsoForCalculationTypeZero) {
 
 TEST(SystemInfo, CountsOfEveryKindStandInTheirRecords) {
     test::ScratchDir dir;
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+    RunContext ctx = test::run_in(dir.str());
     ModelTables t;
     t.GEISLINGERCOUPLING_TABLE.allocate(2);
     t.CENTRIFUGALPUMP_TABLE.allocate(3);
     t.RECIPROCATINGPUMP_TABLE.allocate(4);
     t.GENERATOR_TABLE.allocate(5);
     t.LOADCASE_SPEED.allocate(7);
-    OUTPUTSYSTEMINFO(t);
+    OUTPUTSYSTEMINFO(ctx, t);
     const auto r = test::read_records(dir / SYSTEMINFOFILE);
     ASSERT_EQ(r.size(), 18U);
     EXPECT_EQ(r[12], 5.0);  // generators
@@ -45,8 +44,9 @@ TEST(SystemInfo, CountsOfEveryKindStandInTheirRecords) {
 
 TEST(SystemInfo, FiringStatusListsEachCylinderAndBankWithAKnownStatus) {
     test::ScratchDir dir;
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
-    DieselTable engines;
+    RunContext ctx = test::run_in(dir.str());
+    ModelTables model;
+    DieselTable& engines = model.DIESEL_TABLE;
     engines.allocate(2);
     DieselRecord& inline_engine = engines(1);
     inline_engine.NAME = "Main engine";
@@ -61,7 +61,7 @@ TEST(SystemInfo, FiringStatusListsEachCylinderAndBankWithAKnownStatus) {
     vee.CYLINDERS = {123456};
     vee.FIRINGSTATUSA = {3};
     vee.FIRINGSTATUSB = {4};
-    OUTPUTDIESELFIRINGSTATUS(engines);
+    OUTPUTDIESELFIRINGSTATUS(ctx, model);
     const auto lines = test::read_lines(dir / OVERVIEWFILE);
     const std::vector<std::string> expected = {
         "Engine                  Cyl       Bank       Firing Status",

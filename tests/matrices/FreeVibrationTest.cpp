@@ -4,7 +4,6 @@
 
 #include "../TestSupport.h"
 #include "components/GlobalMass.h"
-#include "base/GlobalParameter.h"
 #include "matrices/FreeUndampedVibrations.h"
 #include "matrices/FreeVibration.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"
@@ -172,23 +171,18 @@ TEST(FreeVibration, ShaftsWithoutAPlaceInTheTreeAreLeftOut) {
 
 TEST(FreeVibration, ResultFileHoldsOneRecordPerModeWithTheRigidBodyModeAtZero) {
     test::ScratchDir dir;
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+    RunContext ctx = test::run_in(dir.str());
     const auto file = dir / "NaturalFrequency.bin";
     test::write_file(file, std::string(8 * 50, '\x7f'));  // an earlier, longer file
 
     ModelTables single;
     single.MASS_TABLE.allocate(1);
     add_mass(single, 1, 1, 10.0);
-    FREEVIBRATION::FREEVIBRATIONCALCULATION(single.MASS_TABLE, single.SHAFT_TABLE, single.VISCOUSDAMPER_TABLE,
-                                            single.LINEARCOUPLING_TABLE, single.PROGRESSIVECOUPLING_TABLE,
-                                            single.GEISLINGERCOUPLING_TABLE, single.PROPELLER_TABLE,
-                                            single.DIESEL_TABLE);
+    FREEVIBRATION::FREEVIBRATIONCALCULATION(ctx, single);
     EXPECT_EQ(test::read_records(file), std::vector<double>{0.0});
 
     ModelTables t = chain(7);
-    FREEVIBRATION::FREEVIBRATIONCALCULATION(t.MASS_TABLE, t.SHAFT_TABLE, t.VISCOUSDAMPER_TABLE,
-                                            t.LINEARCOUPLING_TABLE, t.PROGRESSIVECOUPLING_TABLE,
-                                            t.GEISLINGERCOUPLING_TABLE, t.PROPELLER_TABLE, t.DIESEL_TABLE);
+    FREEVIBRATION::FREEVIBRATIONCALCULATION(ctx, t);
     const auto records = test::read_records(file);
     ASSERT_EQ(records.size(), 7U);
     EXPECT_EQ(records[0], 0.0);

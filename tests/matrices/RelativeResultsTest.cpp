@@ -4,7 +4,6 @@
 
 #include "../TestSupport.h"
 #include "base/Constants.h"
-#include "base/GlobalParameter.h"
 #include "matrices/FreeVibration.h"
 #include "matrices/RelativeResults.h"
 
@@ -19,7 +18,7 @@ constexpr double CANCELLATION_TOLERANCE = 1e-12;
 struct Line {
     ModelTables t;
     test::ScratchDir dir;
-    Line() { GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size())); }
+    RunContext ctx = test::run_in(dir.str());
 
     void masses(std::initializer_list<std::tuple<int, double, int, double>> rows) {  // ID, inertia, type, ratio
         t.MASS_TABLE.allocate(static_cast<int>(rows.size()));
@@ -46,9 +45,7 @@ struct Line {
         }
     }
     void run() {
-        FREEVIBRATIONCALCULATION(t.MASS_TABLE, t.SHAFT_TABLE, t.VISCOUSDAMPER_TABLE, t.LINEARCOUPLING_TABLE,
-                                 t.PROGRESSIVECOUPLING_TABLE, t.GEISLINGERCOUPLING_TABLE, t.PROPELLER_TABLE,
-                                 t.DIESEL_TABLE);
+        FREEVIBRATIONCALCULATION(ctx, t);
     }
     std::vector<double> file(const char* name) const { return test::read_records(dir / name); }
 };
@@ -128,8 +125,8 @@ struct Engines {
     DieselTable engines;
     Table<double> D, deflection, rpm, angle, sum;
     test::ScratchDir dir;
+    RunContext ctx = test::run_in(dir.str());
     Engines(int ncyl, int N) {
-        GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
         masses.allocate(ncyl);
         for (int r = 1; r <= ncyl; ++r) masses(r).ID = 10 + r;
         D.allocate(N);
@@ -145,7 +142,7 @@ struct Engines {
             d.FIRINGANGLEA[static_cast<std::size_t>(j)] = j * spacing_deg * PI / 180.0;
         }
     }
-    void run(int N) { FREEVIBRATION::VECTORSUMS(masses, engines, N, D, deflection, rpm, angle, sum); }
+    void run(int N) { FREEVIBRATION::VECTORSUMS(ctx, masses, engines, N, D, deflection, rpm, angle, sum); }
 };
 
 TEST(VectorSums, SixCylindersAtSixtyDegreesAddUpOnlyAtTheMultiplesOfSix) {
