@@ -4,9 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <atomic>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -24,6 +28,9 @@ public:
                            (info ? info->name() : "x");
         for (char& c : name)
             if (c == '/') c = '_';
+        // Several directories of one test (and tests of parallel ctest processes) stay apart.
+        static std::atomic<int> serial{0};
+        name += "_" + std::to_string(::getpid()) + "_" + std::to_string(serial++);
         path_ = std::filesystem::temp_directory_path() / name;
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
@@ -71,6 +78,14 @@ inline std::vector<double> read_records(const std::filesystem::path& p) {
     std::vector<double> values(bytes.size() / 8);
     if (!values.empty()) std::memcpy(values.data(), bytes.data(), values.size() * 8);
     return values;
+}
+
+// Every file of a directory by name, with its bytes.
+inline std::map<std::string, std::string> read_directory(const std::filesystem::path& dir) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(dir))
+        if (entry.is_regular_file()) files[entry.path().filename().string()] = read_file(entry.path());
+    return files;
 }
 
 }  // namespace qm::test

@@ -6,9 +6,13 @@
  * of 32-bit character codes (the low 8 bits of each element are the character) together
  * with their length. Logical flags are 32-bit integers, -1 for true and 0 for false.
  *
- * Calls must not overlap: the library keeps run-wide state (result directory, file unit
- * counter, scratch curves) without locks. One call after the other is fine, any number
- * of times.
+ * Calls may overlap: QUILLMARKSOLVER and the four single-cylinder functions can be called
+ * from several threads at once. Each call of QUILLMARKSOLVER keeps the state of its run
+ * (result directory, log, tables) to itself, so calls running together give exactly the
+ * files each gives alone, provided each has a result directory of its own: two calls
+ * writing into one directory at the same time overwrite each other's files. The success
+ * flag of the pressure curve is that of the last curve of the calling thread. Nothing is
+ * locked; the library holds no state shared between calls.
  */
 #ifndef QUILLMARK_QUILLMARK_H
 #define QUILLMARK_QUILLMARK_H

@@ -6,6 +6,7 @@
 namespace qm::CODES {
 
 // COMPONENTTYPE (and MASSTYPE / SHAFTTYPE where a component marks a row with its own code)
+constexpr int COMPONENT_UNUSED = 0;              // a load case column not (yet) given a component
 constexpr int COMPONENT_NONE_MASS = 1;           // an inertia that belongs to no component
 constexpr int COMPONENT_NONE_SHAFT = 9;          // a shaft that belongs to no component
 constexpr int COMPONENT_DIESEL = 15;
@@ -49,5 +50,13 @@ constexpr int SHAFTTYPE_RUBBERDAMPER = 13;
 constexpr int SHAFTTYPE_STEELSPRINGDAMPER = 14;
 constexpr int SHAFTTYPE_GEISLINGERCOUPLING = 27;
 constexpr int SHAFTTYPE_CRANKTHROW = 31;
+
+// True for the codes of components that can carry a load-case column: the component kinds
+// from the diesel engine to the reciprocating pump, without the codes of the Geislinger
+// shaft (27) and the pump cylinder (29). A dispatch on the code passes over anything else.
+constexpr bool is_loadcase_component(int code) {
+    return code >= COMPONENT_DIESEL && code <= COMPONENT_RECIPROCATINGPUMP && code != SHAFTTYPE_GEISLINGERCOUPLING &&
+           code != MASSTYPE_PUMPCYLINDER;
+}
 
 }  // namespace qm::CODES

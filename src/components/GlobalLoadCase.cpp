@@ -15,7 +15,7 @@ int GET_LOADCASE_ICOMPONENT(const LoadCaseTable& table, int type, int id) {
 int GET_LOADCASE_COMPONENTNUMBER(const LoadCaseTable& table) {
     int count = 0;
     for (int i = 1; i <= GET_LOADCASE_NCOMPONENT(table); ++i)
-        if (table(i).COMPONENTTYPE != 0) ++count;
+        if (table(i).COMPONENTTYPE != CODES::COMPONENT_UNUSED) ++count;
     return count;
 }
 

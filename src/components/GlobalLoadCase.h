@@ -7,36 +7,13 @@
 // (DEALLOCATE_LOADCASE_TABLE).
 #pragma once
 
+#include "base/ComponentCodes.h"
 #include "base/Table.h"
 
 namespace qm {
 
-// Component kind codes shared by COMPONENTTYPE, MASSTYPE and SHAFTTYPE.
-namespace COMPONENTCODE {
-constexpr int DIESEL = 15;
-constexpr int PROPELLER = 16;
-constexpr int ELECTRICMOTOR = 17;
-constexpr int GENERATOR = 18;
-constexpr int GASTURBINE = 19;
-constexpr int STEAMTURBINE = 20;
-constexpr int VISCOUSDAMPER = 21;
-constexpr int STEELSPRINGDAMPER = 22;
-constexpr int RUBBERDAMPER = 23;
-constexpr int LINEARCOUPLING = 24;
-constexpr int PROGRESSIVECOUPLING = 25;
-constexpr int GEISLINGERCOUPLING = 26;
-constexpr int CENTRIFUGALPUMP = 28;
-constexpr int RECIPROCATINGPUMP = 30;
-
-// True for the codes of components that can carry a load-case column: 15 to 30 without
-// 27 and 29. A dispatch on the code passes over anything else.
-constexpr bool is_loadcase_component(int code) {
-    return code >= DIESEL && code <= RECIPROCATINGPUMP && code != 27 && code != 29;
-}
-}  // namespace COMPONENTCODE
-
 struct LoadCaseRecord {
-    int COMPONENTTYPE = 0;  // kind of the component (COMPONENTCODE); 0 marks a row not in use
+    int COMPONENTTYPE = CODES::COMPONENT_UNUSED;  // kind of the component (CODES::COMPONENT_*); 0 marks a row not in use
     int COMPONENTID = 0;    // the component's ID in its own table, not a row number
 };
 using LoadCaseTable = Table<LoadCaseRecord>;

@@ -1,4 +1,5 @@
 #include "components/GlobalMass.h"
+#include "base/ComponentCodes.h"
 
 namespace qm::GLOBAL_MASS {
 
@@ -19,7 +20,7 @@ int GET_MASS_NNOTVISCOUSDAMPERRINGMASS(const MassTable& table, int n) {
     int count = 0;
     const int last = n < GET_MASS_NUMBER(table) ? n : GET_MASS_NUMBER(table);
     for (int i = 1; i <= last; ++i)
-        if (table(i).MASSTYPE != 3) ++count;
+        if (table(i).MASSTYPE != CODES::MASSTYPE_VISCOUSDAMPERRING) ++count;
     return count;
 }
 

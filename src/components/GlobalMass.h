@@ -1,13 +1,14 @@
 // Module GLOBAL_MASS: the inertias of the shaft line (one row per INERTIA line).
 #pragma once
 
+#include "base/ComponentCodes.h"
 #include "base/Table.h"
 
 namespace qm {
 
 struct MassRecord {
-    int MASSTYPE = 1;               // role of the inertia (1 plain, 2 cylinder, 3 damper ring, ...)
-    int COMPONENTTYPE = 1;          // kind of the owning component
+    int MASSTYPE = CODES::MASSTYPE_PLAIN;            // role of the inertia (CODES::MASSTYPE_*)
+    int COMPONENTTYPE = CODES::COMPONENT_NONE_MASS;  // kind of the owning component
     int COMPONENTID = 0;            // ID of the owning component, or the mass's own ID
     int ID = 0;                     // node number given in the file
     double RPMRATIO = 1.0;          // speed relative to the reference shaft

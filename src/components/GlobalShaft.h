@@ -1,6 +1,7 @@
 // Module GLOBAL_SHAFT: the shaft elements joining the inertias (one row per SHAFT line).
 #pragma once
 
+#include "base/ComponentCodes.h"
 #include "base/Table.h"
 
 #include <utility>
@@ -15,8 +16,8 @@ struct ProgressiveCouplingRecord;
 struct GeislingerCouplingRecord;
 
 struct ShaftRecord {
-    int SHAFTTYPE = 9;              // role of the element (9 plain shaft, 31 crank throw, ...)
-    int COMPONENTTYPE = 9;          // kind of the owning component
+    int SHAFTTYPE = CODES::SHAFTTYPE_PLAIN;           // role of the element (CODES::SHAFTTYPE_*)
+    int COMPONENTTYPE = CODES::COMPONENT_NONE_SHAFT;  // kind of the owning component
     int COMPONENTID = 0;            // ID of the owning component, or the shaft's own ID
     int ID = 0;                     // shaft number given in the file
     int ORGNODE = 0;                // ID of the inertia at the origin end

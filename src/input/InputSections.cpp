@@ -4,6 +4,7 @@
 #include "input/LoadCaseInput.h"
 #include "input/SectionsDampersCouplings.h"
 #include "input/SectionsMachines.h"
+#include "base/ComponentCodes.h"
 #include "base/ValueReader.h"
 
 namespace qm::IMPORTINPUTFILE {
@@ -16,8 +17,8 @@ bool SECTION_INERTIA(InputReader& reader, int row) {
         return reader.fail(
             "Error occurs when reading \"Id, RpmRatio, Inertia, AbsDamping, DynMagnifier\" in input file line ");
     MassRecord& m = reader.tables.MASS_TABLE(row);
-    m.MASSTYPE = 1;
-    m.COMPONENTTYPE = 1;
+    m.MASSTYPE = CODES::MASSTYPE_PLAIN;
+    m.COMPONENTTYPE = CODES::COMPONENT_NONE_MASS;
     m.COMPONENTID = id;
     m.ID = id;
     m.RPMRATIO = rpmratio;
@@ -48,12 +49,12 @@ bool SECTION_SHAFT(InputReader& reader, int row) {
     s.INNERDI = innerdi / 1000.0;
     if (shafttypeflag == 1 && componentidflag > 0) {
         // A crank throw of the diesel engine with that ID.
-        s.SHAFTTYPE = 31;
-        s.COMPONENTTYPE = 15;
+        s.SHAFTTYPE = CODES::SHAFTTYPE_CRANKTHROW;
+        s.COMPONENTTYPE = CODES::COMPONENT_DIESEL;
         s.COMPONENTID = componentidflag;
     } else {
-        s.SHAFTTYPE = 9;
-        s.COMPONENTTYPE = 9;
+        s.SHAFTTYPE = CODES::SHAFTTYPE_PLAIN;
+        s.COMPONENTTYPE = CODES::COMPONENT_NONE_SHAFT;
         s.COMPONENTID = id;
     }
     return true;

@@ -14,13 +14,13 @@ namespace qm::IMPORTINPUTFILE {
 
 namespace {
 
-const std::string SETTINGS_MESSAGE = "Error occurs when reading loadcase settings in input file line ";
-const std::string SPEED_MESSAGE = "Error occurs when reading \"LoadCase_Speed\" in input file line ";
-const std::string POWER_MESSAGE =
+constexpr const char* SETTINGS_MESSAGE = "Error occurs when reading loadcase settings in input file line ";
+constexpr const char* SPEED_MESSAGE = "Error occurs when reading \"LoadCase_Speed\" in input file line ";
+constexpr const char* POWER_MESSAGE =
     "Error occurs when reading \"Id, SubId, LoadCase_Power(iLoadCase,:)\" in input file line ";
-const std::string GENSET_VALUES_MESSAGE =
+constexpr const char* GENSET_VALUES_MESSAGE =
     "Error occurs when reading \"DieselId, PressureMax, PressureComp\" in genset file line ";
-const std::string GENSET_ROWS_MESSAGE = "Error occurs when reading genset file line ";
+constexpr const char* GENSET_ROWS_MESSAGE = "Error occurs when reading genset file line ";
 
 constexpr double KW_TO_W = 1000.0;
 constexpr double BAR_TO_PA = 100000.0;
@@ -35,43 +35,43 @@ struct ColumnKind {
 };
 
 const std::array<ColumnKind, 11> COLUMN_KINDS = {{
-    {"DIESEL", COMPONENTCODE::DIESEL, " (Diesel ",
+    {"DIESEL", CODES::COMPONENT_DIESEL, " (Diesel ",
      [](const ModelTables& t, int id) { return GLOBAL_DIESEL::GET_DIESEL_IDIESEL(t.DIESEL_TABLE, id); }},
-    {"RECIPROCATINGPUMP", COMPONENTCODE::RECIPROCATINGPUMP, " (ReciprocatingPump ",
+    {"RECIPROCATINGPUMP", CODES::COMPONENT_RECIPROCATINGPUMP, " (ReciprocatingPump ",
      [](const ModelTables& t, int id) {
          return GLOBAL_RECIPROCATINGPUMP::GET_RECIPROCATINGPUMP_IRECIPROCATINGPUMP(t.RECIPROCATINGPUMP_TABLE, id);
      }},
-    {"PROPELLER", COMPONENTCODE::PROPELLER, " (Propeller ",
+    {"PROPELLER", CODES::COMPONENT_PROPELLER, " (Propeller ",
      [](const ModelTables& t, int id) { return GLOBAL_PROPELLER::GET_PROPELLER_IPROPELLER(t.PROPELLER_TABLE, id); }},
-    {"LINEARCOUPLING", COMPONENTCODE::LINEARCOUPLING, " (LinearCoupling ",
+    {"LINEARCOUPLING", CODES::COMPONENT_LINEARCOUPLING, " (LinearCoupling ",
      [](const ModelTables& t, int id) {
          return GLOBAL_LINEARCOUPLING::GET_LINEARCOUPLING_ILINEARCOUPLING(t.LINEARCOUPLING_TABLE, id);
      }},
-    {"PROGRESSIVECOUPLING", COMPONENTCODE::PROGRESSIVECOUPLING, " (ProgressiveCoupling ",
+    {"PROGRESSIVECOUPLING", CODES::COMPONENT_PROGRESSIVECOUPLING, " (ProgressiveCoupling ",
      [](const ModelTables& t, int id) {
          return GLOBAL_PROGRESSIVECOUPLING::GET_PROGRESSIVECOUPLING_IPROGRESSIVECOUPLING(
              t.PROGRESSIVECOUPLING_TABLE, id);
      }},
-    {"GEISLINGERCOUPLING", COMPONENTCODE::GEISLINGERCOUPLING, " (GeislingerCoupling ",
+    {"GEISLINGERCOUPLING", CODES::COMPONENT_GEISLINGERCOUPLING, " (GeislingerCoupling ",
      [](const ModelTables& t, int id) {
          return GLOBAL_GEISLINGERCOUPLING::GET_GEISLINGERCOUPLING_IGEISLINGERCOUPLING(t.GEISLINGERCOUPLING_TABLE,
                                                                                     id);
      }},
-    {"ELECTRICMOTOR", COMPONENTCODE::ELECTRICMOTOR, " (ElectricMotor ",
+    {"ELECTRICMOTOR", CODES::COMPONENT_ELECTRICMOTOR, " (ElectricMotor ",
      [](const ModelTables& t, int id) {
          return GLOBAL_ELECTRICMOTOR::GET_ELECTRICMOTOR_IELECTRICMOTOR(t.ELECTRICMOTOR_TABLE, id);
      }},
-    {"GENERATOR", COMPONENTCODE::GENERATOR, " (Generator ",
+    {"GENERATOR", CODES::COMPONENT_GENERATOR, " (Generator ",
      [](const ModelTables& t, int id) { return GLOBAL_GENERATOR::GET_GENERATOR_IGENERATOR(t.GENERATOR_TABLE, id); }},
-    {"CENTRIFUGALPUMP", COMPONENTCODE::CENTRIFUGALPUMP, " (CentrifugalPump ",
+    {"CENTRIFUGALPUMP", CODES::COMPONENT_CENTRIFUGALPUMP, " (CentrifugalPump ",
      [](const ModelTables& t, int id) {
          return GLOBAL_CENTRIFUGALPUMP::GET_CENTRIFUGALPUMP_ICENTRIFUGALPUMP(t.CENTRIFUGALPUMP_TABLE, id);
      }},
-    {"GASTURBINE", COMPONENTCODE::GASTURBINE, " (GasTurbine ",
+    {"GASTURBINE", CODES::COMPONENT_GASTURBINE, " (GasTurbine ",
      [](const ModelTables& t, int id) {
          return GLOBAL_GASTURBINE::GET_GASTURBINE_IGASTURBINE(t.GASTURBINE_TABLE, id);
      }},
-    {"STEAMTURBINE", COMPONENTCODE::STEAMTURBINE, " (SteamTurbine ",
+    {"STEAMTURBINE", CODES::COMPONENT_STEAMTURBINE, " (SteamTurbine ",
      [](const ModelTables& t, int id) {
          return GLOBAL_STEAMTURBINE::GET_STEAMTURBINE_ISTEAMTURBINE(t.STEAMTURBINE_TABLE, id);
      }},

@@ -7,6 +7,7 @@
 #include "components/GlobalProgressiveCoupling.h"
 #include "components/GlobalShaft.h"
 #include "input/SectionsMachines.h"
+#include "base/ComponentCodes.h"
 #include "base/StringOperation.h"
 #include "base/ValueReader.h"
 
@@ -16,12 +17,6 @@ namespace {
 
 using machine_sections::read_message;
 
-constexpr int VISCOUSDAMPER_CODE = 21;
-constexpr int STEELSPRINGDAMPER_CODE = 22;
-constexpr int RUBBERDAMPER_CODE = 23;
-constexpr int LINEARCOUPLING_CODE = 24;
-constexpr int PROGRESSIVECOUPLING_CODE = 25;
-constexpr int GEISLINGERCOUPLING_CODE = 26;
 
 // Line 1 of every damper and coupling: Id and isDefaultPowerLoss.
 template <class Record>
@@ -95,7 +90,8 @@ bool SECTION_VISCOUSDAMPER(InputReader& reader, int row) {
         damper.CUSTOMDAMPINGFILE = machine_sections::side_file_name(reader.line);
         damper.SIDEFILEDIR = reader.model_dir;
     }
-    mark_damper(reader, damper.ID, VISCOUSDAMPER_CODE, casing, 4, ring, 3, 12);
+    mark_damper(reader, damper.ID, CODES::COMPONENT_VISCOUSDAMPER, casing, CODES::MASSTYPE_VISCOUSDAMPERCASING, ring,
+                CODES::MASSTYPE_VISCOUSDAMPERRING, CODES::SHAFTTYPE_VISCOUSDAMPERSPRING);
     return true;
 }
 
@@ -106,7 +102,8 @@ bool SECTION_RUBBERDAMPER(InputReader& reader, int row) {
         return false;
     damper.TURNINGMASSNODE = turning;
     damper.DRIVEPLATENODE = plate;
-    mark_damper(reader, damper.ID, RUBBERDAMPER_CODE, turning, 5, plate, 6, 13);
+    mark_damper(reader, damper.ID, CODES::COMPONENT_RUBBERDAMPER, turning, CODES::MASSTYPE_RUBBERDAMPERTURNINGMASS,
+                plate, CODES::MASSTYPE_RUBBERDAMPERDRIVEPLATE, CODES::SHAFTTYPE_RUBBERDAMPER);
     return true;
 }
 
@@ -117,7 +114,8 @@ bool SECTION_STEELSPRINGDAMPER(InputReader& reader, int row) {
         return false;
     damper.OUTERMEMBERNODE = outer;
     damper.INNERMEMBERNODE = inner;
-    mark_damper(reader, damper.ID, STEELSPRINGDAMPER_CODE, outer, 7, inner, 8, 14);
+    mark_damper(reader, damper.ID, CODES::COMPONENT_STEELSPRINGDAMPER, outer, CODES::MASSTYPE_STEELSPRINGDAMPEROUTER,
+                inner, CODES::MASSTYPE_STEELSPRINGDAMPERINNER, CODES::SHAFTTYPE_STEELSPRINGDAMPER);
     return true;
 }
 
@@ -134,7 +132,7 @@ bool SECTION_LINEARCOUPLING(InputReader& reader, int row) {
     coupling.NOMINALSTIFFNESS = stiffness;
     // A linear coupling's stiffness is that of its shaft element.
     const int shaft = GLOBAL_SHAFT::GET_SHAFT_ISHAFT(reader.tables.SHAFT_TABLE, shaftnode);
-    mark_shaft(reader.tables.SHAFT_TABLE, shaft, LINEARCOUPLING_CODE, 10, coupling.ID);
+    mark_shaft(reader.tables.SHAFT_TABLE, shaft, CODES::COMPONENT_LINEARCOUPLING, CODES::SHAFTTYPE_LINEARCOUPLING, coupling.ID);
     if (shaft != 0) reader.tables.SHAFT_TABLE(shaft).STIFFNESS = stiffness;
     return true;
 }
@@ -153,7 +151,7 @@ bool SECTION_PROGRESSIVECOUPLING(InputReader& reader, int row) {
     GLOBAL_PROGRESSIVECOUPLING::SET_PROGRESSIVECOUPLING_NOMINALTORQUE(table, row, torque);
     coupling.NOMINALSTIFFNESS = k;
     mark_shaft(reader.tables.SHAFT_TABLE, GLOBAL_SHAFT::GET_SHAFT_ISHAFT(reader.tables.SHAFT_TABLE, shaftnode),
-               PROGRESSIVECOUPLING_CODE, 11, coupling.ID);
+               CODES::COMPONENT_PROGRESSIVECOUPLING, CODES::SHAFTTYPE_PROGRESSIVECOUPLING, coupling.ID);
     return true;
 }
 
@@ -192,7 +190,7 @@ bool SECTION_GEISLINGERCOUPLING(InputReader& reader, int row) {
         coupling.DESIGNTYPE = choose(next_word(reader), "MULTISPRING", MULTISPRING, "DUALSPRING", DUALSPRING,
                                      previous ? previous->DESIGNTYPE : 0);
     mark_shaft(reader.tables.SHAFT_TABLE, GLOBAL_SHAFT::GET_SHAFT_ISHAFT(reader.tables.SHAFT_TABLE, shaftnode),
-               GEISLINGERCOUPLING_CODE, 27, coupling.ID);
+               CODES::COMPONENT_GEISLINGERCOUPLING, CODES::SHAFTTYPE_GEISLINGERCOUPLING, coupling.ID);
     return true;
 }
 

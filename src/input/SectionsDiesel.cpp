@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "input/SectionsMachines.h"
+#include "base/ComponentCodes.h"
 #include "base/ValueReader.h"
 
 namespace qm::IMPORTINPUTFILE {
@@ -12,10 +13,6 @@ using namespace machine_sections;
 
 namespace {
 
-constexpr int DIESEL_CODE = 15;              // component code of an engine
-constexpr int DIESEL_CYLINDER = 2;           // inertia code of an engine cylinder
-constexpr int RECIPROCATINGPUMP_CODE = 30;   // component code of a reciprocating pump
-constexpr int PUMP_CYLINDER = 29;            // inertia code of a pump cylinder
 constexpr double BAR = 100000.0;             // Pa per bar
 constexpr double PUMP_BANK_ANGLE = 180.0;    // degrees between the sides of an opposite pump
 
@@ -184,8 +181,8 @@ bool SECTION_DIESEL(InputReader& reader, int row) {
     }
 
     for (int j = 0; j < nCylinder; ++j)
-        mark_inertia(reader.tables.MASS_TABLE, cylinders[static_cast<std::size_t>(j)], DIESEL_CODE,
-                     DIESEL_CYLINDER, id);
+        mark_inertia(reader.tables.MASS_TABLE, cylinders[static_cast<std::size_t>(j)], CODES::COMPONENT_DIESEL,
+                     CODES::MASSTYPE_DIESELCYLINDER, id);
     return true;
 }
 
@@ -262,8 +259,8 @@ bool SECTION_RECIPROCATINGPUMP(InputReader& reader, int row) {
     pump.VANGLE = PUMP_BANK_ANGLE;
     pump.NLOADCASE = reader.nLoadCase;
     for (int j = 0; j < nCylinder; ++j)
-        mark_inertia(reader.tables.MASS_TABLE, cylinders[static_cast<std::size_t>(j)], RECIPROCATINGPUMP_CODE,
-                     PUMP_CYLINDER, id);
+        mark_inertia(reader.tables.MASS_TABLE, cylinders[static_cast<std::size_t>(j)], CODES::COMPONENT_RECIPROCATINGPUMP,
+                     CODES::MASSTYPE_PUMPCYLINDER, id);
     return true;
 }
 

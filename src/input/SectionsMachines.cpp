@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/ComponentCodes.h"
 #include "base/Constants.h"
 #include "base/GlobalParameter.h"
 #include "base/StringOperation.h"
@@ -37,14 +38,6 @@ std::string side_file_name(const std::string& text) {
 using namespace machine_sections;
 
 namespace {
-
-// Component and inertia codes of the machines.
-constexpr int ELECTRICMOTOR_CODE = 17;
-constexpr int GENERATOR_CODE = 18;
-constexpr int GASTURBINE_CODE = 19;
-constexpr int STEAMTURBINE_CODE = 20;
-constexpr int CENTRIFUGALPUMP_CODE = 28;
-constexpr int PROPELLER_CODE = 16;
 
 using Four = std::array<double, 4>;
 
@@ -89,7 +82,7 @@ bool SECTION_ELECTRICMOTOR(InputReader& reader, int row) {
     const Four share = percent(torque);
     GLOBAL_ELECTRICMOTOR::SET_ELECTRICMOTOR_MOTORTORQUEPERCENT(table, row, share[0], share[1], share[2], share[3]);
 
-    mark_inertia(reader.tables.MASS_TABLE, node, ELECTRICMOTOR_CODE, ELECTRICMOTOR_CODE, motor.ID);
+    mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_ELECTRICMOTOR, CODES::MASSTYPE_ELECTRICMOTOR, motor.ID);
     return true;
 }
 
@@ -114,7 +107,7 @@ bool SECTION_GENERATOR(InputReader& reader, int row) {
     const Four share = percent(torque);
     GLOBAL_GENERATOR::SET_GENERATOR_GENERATORTORQUEPERCENT(table, row, share[0], share[1], share[2], share[3]);
 
-    mark_inertia(reader.tables.MASS_TABLE, node, GENERATOR_CODE, GENERATOR_CODE, generator.ID);
+    mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_GENERATOR, CODES::MASSTYPE_GENERATOR, generator.ID);
     return true;
 }
 
@@ -143,7 +136,7 @@ bool SECTION_CENTRIFUGALPUMP(InputReader& reader, int row) {
     GLOBAL_CENTRIFUGALPUMP::SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPTORQUEPERCENT(table, row, share[0], share[1],
                                                                              share[2], share[3]);
 
-    mark_inertia(reader.tables.MASS_TABLE, node, CENTRIFUGALPUMP_CODE, CENTRIFUGALPUMP_CODE, pump.ID);
+    mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_CENTRIFUGALPUMP, CODES::MASSTYPE_CENTRIFUGALPUMP, pump.ID);
     return true;
 }
 
@@ -157,7 +150,7 @@ bool SECTION_GASTURBINE(InputReader& reader, int row) {
         return reader.fail(read_message("GasTurbineNode, McrPower, McrSpeed"));
     turbine.GASTURBINENODE = node;
     set_rating(turbine, power, speed);
-    mark_inertia(reader.tables.MASS_TABLE, node, GASTURBINE_CODE, GASTURBINE_CODE, turbine.ID);
+    mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_GASTURBINE, CODES::MASSTYPE_GASTURBINE, turbine.ID);
     return true;
 }
 
@@ -171,7 +164,7 @@ bool SECTION_STEAMTURBINE(InputReader& reader, int row) {
         return reader.fail(read_message("SteamTurbineNode, McrPower, McrSpeed"));
     turbine.STEAMTURBINENODE = node;
     set_rating(turbine, power, speed);
-    mark_inertia(reader.tables.MASS_TABLE, node, STEAMTURBINE_CODE, STEAMTURBINE_CODE, turbine.ID);
+    mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_STEAMTURBINE, CODES::MASSTYPE_STEAMTURBINE, turbine.ID);
     return true;
 }
 
@@ -262,7 +255,7 @@ bool SECTION_PROPELLER(InputReader& reader, int row) {
     }
 
     propeller.HASICEEXCITATION = false;
-    mark_inertia(reader.tables.MASS_TABLE, node, PROPELLER_CODE, PROPELLER_CODE, propeller.ID);
+    mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_PROPELLER, CODES::MASSTYPE_PROPELLER, propeller.ID);
     return true;
 }
 

@@ -9,6 +9,7 @@
 #include "components/GlobalProgressiveCoupling.h"
 #include "components/GlobalPropeller.h"
 #include "components/ViscousDamperCustomDamping.h"
+#include "base/ComponentCodes.h"
 
 namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX {
 

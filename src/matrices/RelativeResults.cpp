@@ -5,6 +5,7 @@
 
 #include "components/GlobalMass.h"
 #include "components/GlobalShaft.h"
+#include "base/ComponentCodes.h"
 #include "base/BinFile.h"
 #include "base/Constants.h"
 
@@ -23,7 +24,7 @@ double reference_of_masstype(const MassTable& masses, const Array2D<double>& v_r
     double largest = 0.0;
     int p = 0;
     for (int r = 1; r <= masses.size(); ++r) {
-        if (masses(r).MASSTYPE == 3) continue;
+        if (masses(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
         ++p;
         if (masses(r).MASSTYPE != masstype) continue;
         const double value = v_rpm(p, mode);
@@ -48,7 +49,7 @@ void RELATIVEINERTIADEFLECTION(RunContext& ctx, const MassTable& MASS_TABLE, con
     Array2D<double> v_rpm = V;
     int p = 0;
     for (int r = 1; r <= nmass; ++r) {
-        if (MASS_TABLE(r).MASSTYPE == 3) continue;
+        if (MASS_TABLE(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
         ++p;
         if (p > N) break;
         for (int m = 1; m <= N; ++m) v_rpm(p, m) *= MASS_TABLE(r).RPMRATIO;
@@ -58,15 +59,15 @@ void RELATIVEINERTIADEFLECTION(RunContext& ctx, const MassTable& MASS_TABLE, con
     for (int m = 2; m <= N; ++m) {
         double reference = 0.0;
         if (DIESEL_TABLE.allocated())
-            reference = reference_of_masstype(MASS_TABLE, v_rpm, m, 2);
+            reference = reference_of_masstype(MASS_TABLE, v_rpm, m, CODES::MASSTYPE_DIESELCYLINDER);
         else if (PROPELLER_TABLE.allocated())
-            reference = reference_of_masstype(MASS_TABLE, v_rpm, m, 16);
+            reference = reference_of_masstype(MASS_TABLE, v_rpm, m, CODES::MASSTYPE_PROPELLER);
         else
             reference = v_rpm(1, m);
         // No guard against a zero reference: a mode in which no reference mass moves gives
         // values that are not numbers, and they go to the file as they are.
         for (int r = 1; r <= nmass; ++r) {
-            if (MASS_TABLE(r).MASSTYPE == 3) continue;
+            if (MASS_TABLE(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
             const int dof = GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGMASS(MASS_TABLE, r);
             RELATIVEDEFLECTION(mode_record(m, r, nmass)) = v_rpm(dof, m) / reference;
         }
@@ -83,7 +84,7 @@ void RELATIVEINERTIATORQUE(RunContext& ctx, const MassTable& MASS_TABLE, const S
     for (int m = 2; m <= N; ++m) {
         for (int s = 1; s <= nshaft; ++s) {
             const ShaftRecord& shaft = SHAFT_TABLE(s);
-            if (shaft.SHAFTTYPE == 12) continue;
+            if (shaft.SHAFTTYPE == CODES::SHAFTTYPE_VISCOUSDAMPERSPRING) continue;
             const int i = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, shaft.ORGNODE);
             const int j = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, shaft.DESNODE);
             if (i < 1 || j < 1) continue;  // reported by the data check

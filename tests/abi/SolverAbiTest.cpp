@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <regex>
 #include <set>
+#include <thread>
 
 #include "../TestSupport.h"
 
@@ -70,6 +71,29 @@ TEST_F(SharedLibrary, ExportsOnlyTheFunctionsOfThePublicHeader) {
     }
     ASSERT_EQ(pclose(pipe), 0);
     EXPECT_EQ(exported, declared);
+}
+
+// Calls share nothing: the library's own writable data are the per-thread transform
+// tables and the per-thread success flag of the pressure curve, nothing else.
+TEST_F(SharedLibrary, HoldsNoWritableDataButPerThreadOnes) {
+    const std::string cmd = std::string("objdump -t -C '") + QM_SHARED_LIBRARY + "'";
+    FILE* pipe = popen(cmd.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    const std::regex writable(R"(\s\.(data|bss|tdata|tbss)\s)");
+    std::set<std::string> found;
+    char line[1024];
+    while (std::fgets(line, sizeof line, pipe) != nullptr) {
+        const std::string s(line);
+        if (!std::regex_search(s, writable)) continue;
+        if (s.find("qm::") == std::string::npos && s.find("(anonymous namespace)") == std::string::npos) continue;
+        const bool per_thread = s.find(".tbss") != std::string::npos || s.find(".tdata") != std::string::npos;
+        std::string what = s;
+        if (s.find("DISCRETEFOURIERTRANSFORM") != std::string::npos) what = "transform table";
+        if (s.find("last_pressure_curve_success") != std::string::npos) what = "pressure curve flag";
+        found.insert((per_thread ? "per thread: " : "shared: ") + what);
+    }
+    ASSERT_EQ(pclose(pipe), 0);
+    EXPECT_EQ(found, (std::set<std::string>{"per thread: pressure curve flag", "per thread: transform table"}));
 }
 
 TEST_F(SharedLibrary, FreeCalculationWritesTheNaturalFrequencies) {
@@ -173,6 +197,33 @@ TEST_F(SharedLibrary, ExampleModelsGiveTheFullSetOfFreeVibrationFilesTwiceAlike)
             EXPECT_EQ(test::read_file(first / file), test::read_file(second / file)) << model << " " << file;
         }
         EXPECT_EQ(test::read_file(first / "Quillmark.log"), "") << model;
+    }
+}
+
+TEST_F(SharedLibrary, TwoThreadsCallingTheEntryAtOnceGetTheFilesOfSerialCalls) {
+    const std::filesystem::path engine = std::filesystem::path(QM_EXAMPLES_DIR) / "two-stroke-main-engine.qmk";
+    const std::filesystem::path geared =
+        std::filesystem::path(QM_EXAMPLES_DIR) / "geared-four-stroke" / "geared-four-stroke.qmk";
+    auto call = [](const std::filesystem::path& model, const test::ScratchDir& result) {
+        return run(model.parent_path().string(), model.filename().string(), result.str(), 1);
+    };
+    test::ScratchDir engine_alone, geared_alone;
+    ASSERT_EQ(call(engine, engine_alone), 1);
+    ASSERT_EQ(call(geared, geared_alone), 1);
+    const auto engine_files = test::read_directory(engine_alone.path());
+    const auto geared_files = test::read_directory(geared_alone.path());
+
+    for (int round = 0; round < 20; ++round) {
+        test::ScratchDir a, b;
+        int32_t valid_a = -1, valid_b = -1;
+        std::thread first([&] { valid_a = call(engine, a); });
+        std::thread second([&] { valid_b = call(geared, b); });
+        first.join();
+        second.join();
+        ASSERT_EQ(valid_a, 1);
+        ASSERT_EQ(valid_b, 1);
+        ASSERT_EQ(test::read_directory(a.path()), engine_files) << "round " << round;
+        ASSERT_EQ(test::read_directory(b.path()), geared_files) << "round " << round;
     }
 }
 

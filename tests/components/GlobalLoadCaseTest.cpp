@@ -34,9 +34,9 @@ TEST(GlobalLoadCase, CountsAndLookupByTypeAndId) {
     EXPECT_EQ(GET_LOADCASE_ICOMPONENT(table, 15, 2), 0);
 
     int dispatched = 0;  // 15..30 without 27 and 29
-    for (int code = -1; code <= 40; ++code) dispatched += COMPONENTCODE::is_loadcase_component(code);
+    for (int code = -1; code <= 40; ++code) dispatched += CODES::is_loadcase_component(code);
     EXPECT_EQ(dispatched, 14);
-    EXPECT_FALSE(COMPONENTCODE::is_loadcase_component(27));
+    EXPECT_FALSE(CODES::is_loadcase_component(27));
 }
 
 TEST(GlobalLoadCaseGenset, PressureFoundByOffsetFromTheEnginesFirstRow) {
