@@ -117,15 +117,13 @@ TEST(ShaftInertiaRatio, ShareOfTheSideAwayFromThePropeller) {
 // the golden file is written instead (see tests/data/forced/README.md).
 TEST(LoadCaseReport, TwoStrokeExampleLineForLine) {
     test::ScratchDir dir;
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+    RunContext ctx = test::run_in(dir.str());
     ModelTables t;
     bool ok = false;
-    IMPORTINPUTFILE::READINPUTFILE(std::string(QM_EXAMPLES_DIR) + "/two-stroke-main-engine.qmk", t, ok);
+    IMPORTINPUTFILE::READINPUTFILE(ctx, std::string(QM_EXAMPLES_DIR) + "/two-stroke-main-engine.qmk", t, ok);
     ASSERT_TRUE(ok);
-    IMPORTINPUTFILE::DATACHECKING(ok, t, 3);
+    IMPORTINPUTFILE::DATACHECKING(ctx, ok, t, 3);
     ASSERT_TRUE(ok);
-    RunContext ctx;
-    ctx.SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
     WRITELOADCASESETTING(ctx, t);
     const std::string golden = std::string(QM_TEST_DATA_DIR) + "/forced/LoadCaseSetting-two-stroke.txt";
     const std::string text = test::read_file(dir / "LoadCaseSetting.txt");
