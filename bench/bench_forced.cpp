@@ -51,11 +51,12 @@ fs::path sweep_model(int n) {
 void BM_ForcedOneLoadCase(benchmark::State& state) {
     using namespace qm::FORCEDVIBRATION;
     const fs::path dir = scratch("one");
-    qm::GLOBAL_PARAMETER::SETRESULTFILEDIR(dir.string(), static_cast<int>(dir.string().size()));
+    qm::RunContext ctx;
+    ctx.SETRESULTFILEDIR(dir.string(), static_cast<int>(dir.string().size()));
     qm::ModelTables t;
     bool ok = false;
-    qm::IMPORTINPUTFILE::READINPUTFILE(kExample, t, ok);
-    if (ok) qm::IMPORTINPUTFILE::DATACHECKING(ok, t, 3);
+    qm::IMPORTINPUTFILE::READINPUTFILE(ctx, kExample, t, ok);
+    if (ok) qm::IMPORTINPUTFILE::DATACHECKING(ctx, ok, t, 3);
     if (!ok) {
         state.SkipWithError("the example model does not read");
         return;

@@ -127,6 +127,7 @@ SweepPlan make_sweep_plan(const ModelTables& t, bool OUTPUTANGLEBASEDRESULTS) {
 SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
                                LoadCaseResults& res) {
     MASSSTIFFNESSANDDAMPINGMATRIX::LOADCASESETTING(tables, lc);
+    res.messages.clear();
 
     // Each unit of each kind by itself.
     for (int k = 0; k < NKIND; ++k) {
@@ -141,7 +142,7 @@ SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const
         for (int u = 1; u <= r.NUNIT; ++u) {
             if (runs_driver(kind, tables, u)) {
                 const SolverFailure f =
-                    run_source_driver(kind, tables, u, plan.flags.ISPROPELLERICE, lc, r, res.EXFO);
+                    run_source_driver(kind, tables, u, plan.flags.ISPROPELLERICE, lc, r, res.EXFO, &res.messages);
                 if (f.routine != 0) return {f.routine, f.INFO};
             } else if (kind != ELECTRICMOTOR) {
                 // A generator or centrifugal pump without orders keeps zero blocks. An electric
@@ -276,6 +277,7 @@ bool FORCEDVIBRATIONCALCULATION(RunContext& ctx, ModelTables& tables) {
     LoadCaseResults res;
     for (int lc = 1; lc <= plan.dims.NLOADCASE; ++lc) {
         const SweepFailure failure = compute_load_case(tables, plan, state, lc, res);
+        for (const std::string& line : res.messages) ctx.log_append(line);
         if (failure.routine != 0) {
             log_and_print(ctx, failure.routine == 1 ? "** CGETRF/ZGETRF failed" : "** CGETRS/ZGETRS failed");
             out.close();

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <vector>
 
 #include "base/BinFile.h"
@@ -35,6 +36,9 @@ SweepPlan make_sweep_plan(const ModelTables& tables, bool OUTPUTANGLEBASEDRESULT
 struct LoadCaseResults {
     AllKindResults kinds;  // per unit and order; arrays of a kind without table stay empty
     std::vector<double> EXFO;
+    // Log lines the model operations reported while the load case was solved (a propeller
+    // without entrained water of this load case), in the order they arose.
+    std::vector<std::string> messages;
 
     // Synthesis over units, orders and kinds: one value per element.
     std::vector<double> SYNDEFLECTION, SYNVELOCITY, SYNACCELERATION;          // rad, rad/s, rad/s^2; NMASS

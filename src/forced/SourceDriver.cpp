@@ -39,10 +39,12 @@ void restore_ratios(ModelTables& t, const SavedRatios& saved) {
 }
 
 // The solve itself, with the ratios referred to the unit.
-SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc, double omega, KindResults& res) {
+SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc, double omega, KindResults& res,
+                         std::vector<std::string>* messages) {
     MASSSTIFFNESSANDDAMPINGMATRIX::MASSANDSHAFTTABLEPREPARATION(false, t.MASS_TABLE, t.SHAFT_TABLE,
                                                                 t.VISCOUSDAMPER_TABLE, t.LINEARCOUPLING_TABLE,
-                                                                t.PROGRESSIVECOUPLING_TABLE, t.PROPELLER_TABLE, lc);
+                                                                t.PROGRESSIVECOUPLING_TABLE, t.PROPELLER_TABLE, lc,
+                                                                messages);
     SystemMatrices mx;
     MASSSTIFFNESSANDDAMPINGMATRIX::BUILDMASSSTIFFNESSANDDAMPINGMATRIX(false, t.MASS_TABLE, t.SHAFT_TABLE,
                                                                       t.GEISLINGERCOUPLING_TABLE, t.DIESEL_TABLE,
@@ -94,7 +96,7 @@ SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc
 }  // namespace
 
 SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int lc,
-                                KindResults& res, std::vector<double>& EXFO) {
+                                KindResults& res, std::vector<double>& EXFO, std::vector<std::string>* messages) {
     UnitExcitation ex;
     unit_excitation(kind, tables, u, ISPROPELLERICE, res.NORDER, ex);
     EXFO = ex.EXFO;
@@ -108,7 +110,7 @@ SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, boo
     const int reference = GLOBAL_MASS::GET_MASS_IMASS(tables.MASS_TABLE, ex.REFERENCENODE);
     const double b = reference >= 1 ? tables.MASS_TABLE(reference).RPMRATIO : 1.0;
     const SavedRatios saved = refer_ratios(tables, b);
-    const SolverFailure failure = solve_unit(tables, ex, u, lc, omega, res);
+    const SolverFailure failure = solve_unit(tables, ex, u, lc, omega, res, messages);
     restore_ratios(tables, saved);
 
     res.OMEGA[static_cast<std::size_t>(u - 1)] = omega * ex.BASEORDER;

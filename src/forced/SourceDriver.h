@@ -4,6 +4,7 @@
 // One driver for all six kinds; what differs between them comes from SourceKinds.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "components/ModelTables.h"
@@ -17,9 +18,11 @@ namespace qm::FORCEDVIBRATION {
 // res.OMEGA[u-1], and EXFO (resized to res.NORDER). Returns the failure, routine 0 when none.
 // The RPMRATIO fields of MASS_TABLE and SHAFT_TABLE are divided by the ratio of the unit's
 // reference mass while it runs and restored before it returns, on every path; every
-// Geislinger coupling is left with SPEEDEXCITATION at the unit's speed.
+// Geislinger coupling is left with SPEEDEXCITATION at the unit's speed. Lines the table
+// preparation reports are added to `messages` for the caller to log.
 SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int lc,
-                                KindResults& res, std::vector<double>& EXFO);
+                                KindResults& res, std::vector<double>& EXFO,
+                                std::vector<std::string>* messages = nullptr);
 
 // The drivers of the six kinds by their system names.
 SolverFailure CALCULATE_DIESEL_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,
