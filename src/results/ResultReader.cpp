@@ -10,6 +10,7 @@
 
 #include "base/Constants.h"
 #include "base/GlobalParameter.h"
+#include "base/RunContext.h"
 #include "components/ModelTables.h"
 #include "forced/ForcedVibration.h"
 #include "forced/ResultFiles.h"
@@ -116,10 +117,11 @@ void load_model(const fs::path& model, LoadedModel& loaded) {
     if (!fs::is_regular_file(model, ec)) throw ResultError("model file " + model.string() + " is missing");
     ScratchDirectory scratch;
     const std::string dir = scratch.path().string();
-    GLOBAL_PARAMETER::SETRESULTFILEDIR(dir, static_cast<int>(dir.size()));
+    RunContext ctx;
+    ctx.SETRESULTFILEDIR(dir, static_cast<int>(dir.size()));
     bool ok = false;
-    IMPORTINPUTFILE::READINPUTFILE(fs::absolute(model, ec).string(), loaded.tables, ok);
-    loaded.OUTPUTANGLEBASEDRESULTS = GLOBAL_PARAMETER::OUTPUTANGLEBASEDRESULTS();
+    IMPORTINPUTFILE::READINPUTFILE(ctx, fs::absolute(model, ec).string(), loaded.tables, ok);
+    loaded.OUTPUTANGLEBASEDRESULTS = ctx.OUTPUTANGLEBASEDRESULTS;
     if (!ok) throw ResultError("model " + model.string() + " can't be read: " + log_message(scratch.path() / "Quillmark.log"));
 }
 
