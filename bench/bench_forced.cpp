@@ -1,6 +1,7 @@
 // The forced calculation of the two-stroke example: one load case (every source unit at all
 // its orders, shaft results, nominal values) and a whole run of 200 load cases from the input
-// file to the result files.
+// file to the result files. Each on the fast path (argument 0) and the literal reference
+// path (argument 1), side by side.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -61,7 +62,8 @@ void BM_ForcedOneLoadCase(benchmark::State& state) {
         state.SkipWithError("the example model does not read");
         return;
     }
-    const SweepPlan plan = make_sweep_plan(t, false);
+    SweepPlan plan = make_sweep_plan(t, false);
+    plan.path = state.range(0) == 1 ? SolvePath::LITERAL : SolvePath::FAST;
     SweepState sweep;
     CALCULATELOADCASESHAFTPOWER(t, sweep.LOADCASE_SHAFTPOWER);
     LoadCaseResults res;
@@ -72,16 +74,17 @@ void BM_ForcedOneLoadCase(benchmark::State& state) {
     }
     t.deallocate_all();
 }
-BENCHMARK(BM_ForcedOneLoadCase)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ForcedOneLoadCase)->ArgName("literal")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 void BM_ForcedSweep(benchmark::State& state) {
     const fs::path model = sweep_model(static_cast<int>(state.range(0)));
     const fs::path out = scratch("sweep");
+    const bool literal = state.range(1) == 1;
     for (auto _ : state) {
-        const int valid = qm::run_solver(model.parent_path().string(), model.filename().string(), out.string(), 2);
+        const int valid = qm::run_solver(model.parent_path().string(), model.filename().string(), out.string(), 2, literal);
         if (valid != 1) state.SkipWithError("the sweep model does not run");
     }
 }
-BENCHMARK(BM_ForcedSweep)->Arg(200)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_ForcedSweep)->ArgNames({"loadcases", "literal"})->Args({200, 0})->Args({200, 1})->Unit(benchmark::kMillisecond)->Iterations(3);
 
 }  // namespace

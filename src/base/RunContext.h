@@ -29,6 +29,10 @@ public:
     // read by the forced calculation.
     bool OUTPUTANGLEBASEDRESULTS = false;
 
+    // Runs the literal path: a dense solve of every order and the synthesis step by step,
+    // the reference that the fast path is compared with. Set by the caller before the run.
+    bool LITERALPATH = false;
+
     // The log "Quillmark.log" of this run's result directory.
     std::string log_path() const;
     // Creates the log empty, replacing an older one. False when it can't be written.

@@ -6,6 +6,7 @@
 #include "base/Constants.h"
 #include "components/GlobalDiesel.h"
 #include "components/GlobalViscousDamper.h"
+#include "forced/TreeSolve.h"
 #include "numerics/Lapack.h"
 
 namespace qm::FORCEDVIBRATIONSOLVER {
@@ -92,17 +93,24 @@ SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_T
                           const ViscousDamperTable& VISCOUSDAMPER_TABLE, ForcedSolverRecord& self, int NORDER,
                           double OMEGA, double* XAMP, double* XANGLE, double* XRE, double* XIM,
                           const std::vector<cplx>& G, int NEXCITE, const double* EXFO, const double* FIRINGANGLES,
-                          const int* FIRINGORDERGLOBAL) {
+                          const int* FIRINGORDERGLOBAL, FORCEDVIBRATION::SolvePath path) {
     const auto n = static_cast<std::size_t>(self.order);
     for (std::size_t t = 0; t < n * static_cast<std::size_t>(NORDER); ++t) XAMP[t] = XANGLE[t] = XRE[t] = XIM[t] = 0.0;
     if (n == 0) return {};
 
-    std::vector<cplx> MATRIX(n * n);
+    std::vector<cplx> MATRIX;  // the dense system, allocated at the first order solved densely
     std::vector<cplx> rhs(n);
+    std::vector<cplx> excitation;  // the right-hand side kept for a dense retry
     std::vector<int> IPIV(n);
     std::vector<cplx> GK(static_cast<std::size_t>(NEXCITE > 0 ? NEXCITE : 0));
     const bool rebuild = DAMPINGDEPENDSONORDER(GEISLINGERCOUPLING_TABLE, DIESEL_TABLE, VISCOUSDAMPER_TABLE);
     SystemMatrices orderwise;  // the arrays of the current order when damping follows the order
+    const bool fast = path == FORCEDVIBRATION::SolvePath::FAST;
+    // The rebuilt arrays keep the pattern of the driver's: one plan serves every order.
+    const SystemMatrices* mxfirst = self.mx;
+    TreePlan plan;
+    if (fast) plan = make_tree_plan(*mxfirst);
+    TreeWork work;
 
     for (int i = 1; i <= NORDER; ++i) {
         const double order = EXFO[i - 1];
@@ -115,14 +123,35 @@ SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_T
                 false, MASS_TABLE, SHAFT_TABLE, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE, VISCOUSDAMPER_TABLE, order,
                 orderwise);
             INITIALIZE(self, orderwise, self.kind);
+            if (fast && plan.usable) {
+                const SystemMatrices& first = *mxfirst;
+                const bool same = orderwise.N == first.N && orderwise.NNZ == first.NNZ &&
+                                  std::equal(orderwise.ROWIND.data(), orderwise.ROWIND.data() + orderwise.ROWIND.size(),
+                                             first.ROWIND.data(), first.ROWIND.data() + first.ROWIND.size()) &&
+                                  std::equal(orderwise.COLIND.data(), orderwise.COLIND.data() + orderwise.COLIND.size(),
+                                             first.COLIND.data(), first.COLIND.data() + first.COLIND.size());
+                if (same)
+                    gather_tree_values(plan, orderwise);
+                else
+                    plan = make_tree_plan(orderwise);
+            }
         }
         std::fill(rhs.begin(), rhs.end(), cplx(0.0, 0.0));
         for (std::size_t j = 0; j < GK.size(); ++j) GK[j] = G[j * static_cast<std::size_t>(NORDER) + (i - 1)];
         EXCITATION(self, rhs, GK, order, FIRINGANGLES, FIRINGORDERGLOBAL);
-        std::fill(MATRIX.begin(), MATRIX.end(), cplx(0.0, 0.0));
-        MAKEMATRIX(self, 0, OMEGA, order, MATRIX);
-        const SolverFailure failure = SOLVELINEARSYSTEM(self, 0, MATRIX, rhs, IPIV);
-        if (failure.routine != FORCEDVIBRATION::ROUTINE_NONE) return failure;
+        bool solved = false;
+        if (fast && plan.usable) {
+            excitation = rhs;
+            solved = tree_solve(plan, OMEGA * order, rhs, work);
+            if (!solved) rhs = excitation;
+        }
+        if (!solved) {
+            if (MATRIX.empty()) MATRIX.resize(n * n);
+            std::fill(MATRIX.begin(), MATRIX.end(), cplx(0.0, 0.0));
+            MAKEMATRIX(self, 0, OMEGA, order, MATRIX);
+            const SolverFailure failure = SOLVELINEARSYSTEM(self, 0, MATRIX, rhs, IPIV);
+            if (failure.routine != FORCEDVIBRATION::ROUTINE_NONE) return failure;
+        }
 
         for (std::size_t p = 0; p < n; ++p) {
             const std::size_t t = static_cast<std::size_t>(i - 1) * n + p;
@@ -145,7 +174,7 @@ FORCEDVIBRATION::SolverFailure FORCEDDAMPEDVIBRATIONSFC(
     const DieselTable& DIESEL_TABLE, const ViscousDamperTable& VISCOUSDAMPER_TABLE, int NORDER, int NEXCITE,
     double OMEGA, double* XAMP, double* XANGLE, double* XRE, double* XIM, const SystemMatrices& mx,
     const double* FORE, const double* FOIM, const double* EXFO, const double* FIRINGANGLES,
-    const int* FIRINGORDERGLOBAL, int printlevel) {
+    const int* FIRINGORDERGLOBAL, int printlevel, FORCEDVIBRATION::SolvePath path) {
     (void)printlevel;
     const auto count = static_cast<std::size_t>(NEXCITE > 0 ? NEXCITE : 0) * static_cast<std::size_t>(NORDER > 0 ? NORDER : 0);
     std::vector<std::complex<double>> G(count);
@@ -155,7 +184,8 @@ FORCEDVIBRATION::SolverFailure FORCEDDAMPEDVIBRATIONSFC(
     const auto failure =
         FORCEDVIBRATIONSOLVER::SOLVEFORCED(MASS_TABLE, SHAFT_TABLE, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE,
                                            VISCOUSDAMPER_TABLE, self, NORDER > 0 ? NORDER : 0, OMEGA, XAMP, XANGLE,
-                                           XRE, XIM, G, NEXCITE > 0 ? NEXCITE : 0, EXFO, FIRINGANGLES, FIRINGORDERGLOBAL);
+                                           XRE, XIM, G, NEXCITE > 0 ? NEXCITE : 0, EXFO, FIRINGANGLES, FIRINGORDERGLOBAL,
+                                           path);
     FORCEDVIBRATIONSOLVER::DESTROY(self);
     return failure;
 }

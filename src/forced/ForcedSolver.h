@@ -13,6 +13,7 @@
 
 #include "base/Table.h"
 #include "components/ModelTables.h"
+#include "forced/SolvePath.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"
 
 namespace qm::FORCEDVIBRATION {
@@ -79,7 +80,8 @@ FORCEDVIBRATION::SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const Sh
                                            int NORDER, double OMEGA, double* XAMP, double* XANGLE, double* XRE,
                                            double* XIM, const std::vector<std::complex<double>>& G, int NEXCITE,
                                            const double* EXFO, const double* FIRINGANGLES,
-                                           const int* FIRINGORDERGLOBAL);
+                                           const int* FIRINGORDERGLOBAL,
+                                           FORCEDVIBRATION::SolvePath path = FORCEDVIBRATION::SolvePath::FAST);
 
 }  // namespace qm::FORCEDVIBRATIONSOLVER
 
@@ -95,6 +97,7 @@ FORCEDVIBRATION::SolverFailure FORCEDDAMPEDVIBRATIONSFC(
     const DieselTable& DIESEL_TABLE, const ViscousDamperTable& VISCOUSDAMPER_TABLE, int NORDER, int NEXCITE,
     double OMEGA, double* XAMP, double* XANGLE, double* XRE, double* XIM, const SystemMatrices& mx,
     const double* FORE, const double* FOIM, const double* EXFO, const double* FIRINGANGLES,
-    const int* FIRINGORDERGLOBAL, int printlevel);
+    const int* FIRINGORDERGLOBAL, int printlevel,
+    FORCEDVIBRATION::SolvePath path = FORCEDVIBRATION::SolvePath::FAST);
 
 }  // namespace qm::FORCEDDAMPEDVIBRATIONSSOLVERFC

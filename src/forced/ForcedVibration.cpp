@@ -61,7 +61,7 @@ void synthesize(const SweepPlan& plan, LoadCaseResults& res) {
     using Field = std::vector<double> KindResults::*;
     const auto run = [&](int N, Field re, Field im, std::vector<double>& value, KindCurves& curves, bool keep) {
         SINGLELOADCASESYNTHESIS(N, synthesis_sources(res.kinds, re, im), plan.ISPHASEMODE, value, curves, keep,
-                                plan.flags.HASDIESEL, plan.flags.OUTPUTANGLEBASEDRESULTS);
+                                plan.flags.HASDIESEL, plan.flags.OUTPUTANGLEBASEDRESULTS, plan.path);
     };
     const int NMASS = plan.dims.NMASS, NSHAFT = plan.dims.NSHAFT;
     run(NMASS, &KindResults::XR, &KindResults::XI, res.SYNDEFLECTION, res.ANGULARDEFANGLEBASED, false);
@@ -142,7 +142,7 @@ SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const
         for (int u = 1; u <= r.NUNIT; ++u) {
             if (runs_driver(kind, tables, u)) {
                 const SolverFailure f =
-                    run_source_driver(kind, tables, u, plan.flags.ISPROPELLERICE, lc, r, res.EXFO, &res.messages);
+                    run_source_driver(kind, tables, u, plan.flags.ISPROPELLERICE, lc, r, res.EXFO, &res.messages, plan.path);
                 if (f.routine != 0) return {f.routine, f.INFO};
             } else if (kind != ELECTRICMOTOR) {
                 // A generator or centrifugal pump without orders keeps zero blocks. An electric
@@ -260,7 +260,8 @@ void write_load_case(ResultFileSet& out, const SweepPlan& plan, int lc, const Lo
 bool FORCEDVIBRATIONCALCULATION(RunContext& ctx, ModelTables& tables) {
     // One unit for each of the result files, opened or not.
     for (int f = 0; f < NRESULTFILE; ++f) ctx.GETFILEID();
-    const SweepPlan plan = make_sweep_plan(tables, ctx.OUTPUTANGLEBASEDRESULTS);
+    SweepPlan plan = make_sweep_plan(tables, ctx.OUTPUTANGLEBASEDRESULTS);
+    plan.path = ctx.LITERALPATH ? SolvePath::LITERAL : SolvePath::FAST;
     if (!fits_32bit_records(plan.dims)) {
         log_and_print(ctx, "Error: The forced vibration results exceed 2147483647 records in one result file; "
                            "the forced vibration is not calculated");

@@ -16,6 +16,7 @@
 #include "base/RunContext.h"
 #include "base/Table.h"
 #include "components/ModelTables.h"
+#include "forced/ForcedSolver.h"
 #include "forced/KindResults.h"
 #include "forced/ResultFiles.h"
 #include "forced/Synthesis.h"
@@ -28,6 +29,7 @@ struct SweepPlan {
     ResultFlags flags;                      // HASDIESEL, HASDAMPERORCOUPLING, ISPROPELLERICE, angle switch
     std::array<bool, NKIND> present{};      // the kind's table is allocated
     bool ISPHASEMODE = false;               // a propeller takes its excitation phase into account
+    SolvePath path = SolvePath::FAST;       // the run's choice between fast and literal path
 };
 
 SweepPlan make_sweep_plan(const ModelTables& tables, bool OUTPUTANGLEBASEDRESULTS);

@@ -40,7 +40,7 @@ void restore_ratios(ModelTables& t, const SavedRatios& saved) {
 
 // The solve itself, with the ratios referred to the unit.
 SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc, double omega, KindResults& res,
-                         std::vector<std::string>* messages) {
+                         std::vector<std::string>* messages, SolvePath path) {
     MASSSTIFFNESSANDDAMPINGMATRIX::MASSANDSHAFTTABLEPREPARATION(false, t.MASS_TABLE, t.SHAFT_TABLE,
                                                                 t.VISCOUSDAMPER_TABLE, t.LINEARCOUPLING_TABLE,
                                                                 t.PROGRESSIVECOUPLING_TABLE, t.PROPELLER_TABLE, lc,
@@ -59,7 +59,7 @@ SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc
     const SolverFailure failure = FORCEDDAMPEDVIBRATIONSSOLVERFC::FORCEDDAMPEDVIBRATIONSFC(
         t.MASS_TABLE, t.SHAFT_TABLE, t.GEISLINGERCOUPLING_TABLE, t.DIESEL_TABLE, t.VISCOUSDAMPER_TABLE, NORDER,
         static_cast<int>(rows.size()), omega, XAMP.data(), XANGLE.data(), XR.data(), XI.data(), mx, ex.FORE.data(),
-        ex.FOIM.data(), ex.EXFO.data(), ex.FIRINGANGLES.data(), rows.data(), 0);
+        ex.FOIM.data(), ex.EXFO.data(), ex.FIRINGANGLES.data(), rows.data(), 0, path);
     if (failure.routine != ROUTINE_NONE) return failure;
 
     // The solver's deflections are referred to the unit's speed; a mass's own deflection is
@@ -96,7 +96,7 @@ SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc
 }  // namespace
 
 SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int lc,
-                                KindResults& res, std::vector<double>& EXFO, std::vector<std::string>* messages) {
+                                KindResults& res, std::vector<double>& EXFO, std::vector<std::string>* messages, SolvePath path) {
     UnitExcitation ex;
     unit_excitation(kind, tables, u, ISPROPELLERICE, res.NORDER, ex);
     EXFO = ex.EXFO;
@@ -110,7 +110,7 @@ SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, boo
     const int reference = GLOBAL_MASS::GET_MASS_IMASS(tables.MASS_TABLE, ex.REFERENCENODE);
     const double b = reference >= 1 ? tables.MASS_TABLE(reference).RPMRATIO : 1.0;
     const SavedRatios saved = refer_ratios(tables, b);
-    const SolverFailure failure = solve_unit(tables, ex, u, lc, omega, res, messages);
+    const SolverFailure failure = solve_unit(tables, ex, u, lc, omega, res, messages, path);
     restore_ratios(tables, saved);
 
     res.OMEGA[static_cast<std::size_t>(u - 1)] = omega * ex.BASEORDER;

@@ -19,10 +19,12 @@ namespace qm::FORCEDVIBRATION {
 // The RPMRATIO fields of MASS_TABLE and SHAFT_TABLE are divided by the ratio of the unit's
 // reference mass while it runs and restored before it returns, on every path; every
 // Geislinger coupling is left with SPEEDEXCITATION at the unit's speed. Lines the table
-// preparation reports are added to `messages` for the caller to log.
+// preparation reports are added to `messages` for the caller to log. `path` chooses the
+// solve (fast or the literal reference).
 SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int lc,
                                 KindResults& res, std::vector<double>& EXFO,
-                                std::vector<std::string>* messages = nullptr);
+                                std::vector<std::string>* messages = nullptr,
+                                SolvePath path = SolvePath::FAST);
 
 // The drivers of the six kinds by their system names.
 SolverFailure CALCULATE_DIESEL_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,

@@ -1,8 +1,11 @@
 #include "forced/Synthesis.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cmath>
 #include <cstddef>
+#include <deque>
 
 #include "base/Constants.h"
 
@@ -81,6 +84,66 @@ void add_kind_curve(const SynthesisSource& s, int N, int e, double omegaMin, dou
     }
 }
 
+// The cosines and sines of the step angles of one unit speed: the angle of order place k and
+// step a depends on the product k*a only, so entry k*a serves every pair with that product.
+// The values are those synthesis_step_angle gives, bit for bit.
+struct AngleTable {
+    double omega = 0.0;
+    double omegaMin = 0.0;
+    int NORDER = 0;
+    std::vector<double> c, s;
+};
+
+// Per thread, the tables of the speeds met lately: within a load case every element and all
+// six quantities use the same few speeds. Pure values; entries stay in place while a call
+// uses them (a deque keeps its elements where they are on push_back), and the cache is
+// emptied only between calls when it has grown.
+thread_local std::deque<AngleTable> angle_tables;
+
+const AngleTable& angle_table(double omega, double omegaMin, int NORDER) {
+    for (const AngleTable& t : angle_tables)
+        if (t.NORDER >= NORDER && std::bit_cast<std::uint64_t>(t.omega) == std::bit_cast<std::uint64_t>(omega) &&
+            std::bit_cast<std::uint64_t>(t.omegaMin) == std::bit_cast<std::uint64_t>(omegaMin))
+            return t;
+    AngleTable& t = angle_tables.emplace_back();
+    t.omega = omega;
+    t.omegaMin = omegaMin;
+    t.NORDER = NORDER;
+    const std::size_t size = static_cast<std::size_t>(NORDER) * NSYNSTEP + 1;
+    t.c.assign(size, 0.0);
+    t.s.assign(size, 0.0);
+    std::vector<bool> done(size, false);
+    for (int k = 1; k <= NORDER; ++k)
+        for (int a = 1; a <= NSYNSTEP; ++a) {
+            const auto m = static_cast<std::size_t>(k) * static_cast<std::size_t>(a);
+            if (done[m]) continue;
+            const double phi = synthesis_step_angle(k, a, omega, omegaMin);
+            t.c[m] = std::cos(phi);
+            t.s[m] = std::sin(phi);
+            done[m] = true;
+        }
+    return t;
+}
+
+// add_kind_curve with the angles from the tables: the same terms in the same order.
+void add_kind_curve_tabled(const SynthesisSource& s, int N, int e, const std::vector<const AngleTable*>& tables,
+                           double* curve) {
+    for (int u = 1; u <= s.NUNIT; ++u) {
+        const AngleTable& t = *tables[static_cast<std::size_t>(u - 1)];
+        for (int k = 1; k <= s.NORDER; ++k) {
+            const std::size_t i = KindResults::index(u, k, e, N, s.NORDER);
+            const double re = s.RESRE[i];
+            const double im = s.RESIM[i];
+            const double* c = t.c.data();
+            const double* sn = t.s.data();
+            for (int a = 1; a <= NSYNSTEP; ++a) {
+                const auto m = static_cast<std::size_t>(k) * static_cast<std::size_t>(a);
+                curve[a - 1] += (re * c[m] - im * sn[m]) * 2.0;
+            }
+        }
+    }
+}
+
 // A kind whose arrays can't hold its units and orders (never the case for the arrays of
 // the sweep) is left out rather than read past its end.
 bool usable(const SynthesisSource& s, int N) {
@@ -92,7 +155,8 @@ bool usable(const SynthesisSource& s, int N) {
 }  // namespace
 
 void SINGLELOADCASESYNTHESIS(int N, const SynthesisSources& sources, bool ISPHASEMODE, std::vector<double>& SYNRESM,
-                             KindCurves& RESANGLEBASED, bool keep, bool HASDIESEL, bool OUTPUTANGLEBASEDRESULTS) {
+                             KindCurves& RESANGLEBASED, bool keep, bool HASDIESEL, bool OUTPUTANGLEBASEDRESULTS,
+                             SolvePath path) {
     N = std::max(N, 0);
     SYNRESM.assign(static_cast<std::size_t>(N), 0.0);
     const bool keepCurves = (OUTPUTANGLEBASEDRESULTS && HASDIESEL) || keep;
@@ -104,13 +168,29 @@ void SINGLELOADCASESYNTHESIS(int N, const SynthesisSources& sources, bool ISPHAS
     }
 
     const double omegaMin = synthesis_omega_min(sources);
+    const bool tabled = path == SolvePath::FAST;
+    std::array<std::vector<const AngleTable*>, NKIND> tables;
+    if (tabled) {
+        if (angle_tables.size() > 64) angle_tables.clear();
+        for (int kind = 0; kind < NKIND; ++kind) {
+            const SynthesisSource& s = sources[static_cast<std::size_t>(kind)];
+            if (!usable(s, N)) continue;
+            for (int u = 1; u <= s.NUNIT; ++u)
+                tables[static_cast<std::size_t>(kind)].push_back(
+                    &angle_table(s.OMEGA[static_cast<std::size_t>(u - 1)], omegaMin, s.NORDER));
+        }
+    }
     std::array<std::array<double, NSYNSTEP>, NKIND> curve{};
     for (int e = 1; e <= N; ++e) {
         for (int kind = 0; kind < NKIND; ++kind) {
             auto& c = curve[static_cast<std::size_t>(kind)];
             c.fill(0.0);
             const SynthesisSource& s = sources[static_cast<std::size_t>(kind)];
-            if (usable(s, N)) add_kind_curve(s, N, e, omegaMin, c.data());
+            if (!usable(s, N)) continue;
+            if (tabled)
+                add_kind_curve_tabled(s, N, e, tables[static_cast<std::size_t>(kind)], c.data());
+            else
+                add_kind_curve(s, N, e, omegaMin, c.data());
         }
         SYNRESM[static_cast<std::size_t>(e - 1)] =
             half_range_sum({curve[0].data(), curve[1].data(), curve[2].data(), curve[3].data(), curve[4].data(),

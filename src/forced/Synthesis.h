@@ -15,6 +15,7 @@
 #include <span>
 #include <vector>
 
+#include "forced/SolvePath.h"
 #include "forced/KindResults.h"
 
 namespace qm::FORCEDVIBRATION {
@@ -59,8 +60,11 @@ double half_range_sum(const std::array<const double*, NKIND>& curves, bool ISPHA
 
 // SYNRESM gets N values. The six kind curves of every element go to RESANGLEBASED (each
 // N*360, diesel first) when `keep` is set or when angle-based results are asked for in a
-// model with a diesel engine; otherwise RESANGLEBASED is left empty.
+// model with a diesel engine; otherwise RESANGLEBASED is left empty. The fast path takes
+// the cosines and sines from a table per unit speed instead of computing them per element;
+// the values and the order of summation are the same, and so are the results, bit for bit.
 void SINGLELOADCASESYNTHESIS(int N, const SynthesisSources& sources, bool ISPHASEMODE, std::vector<double>& SYNRESM,
-                             KindCurves& RESANGLEBASED, bool keep, bool HASDIESEL, bool OUTPUTANGLEBASEDRESULTS);
+                             KindCurves& RESANGLEBASED, bool keep, bool HASDIESEL, bool OUTPUTANGLEBASEDRESULTS,
+                             SolvePath path = SolvePath::FAST);
 
 }  // namespace qm::FORCEDVIBRATION

@@ -34,7 +34,7 @@ void print_log(const std::filesystem::path& log) {
 
 }  // namespace
 
-int call_solver(const std::string& model, const std::string& result_dir, int calculation_type) {
+int call_solver(const std::string& model, const std::string& result_dir, int calculation_type, bool reference) {
     const std::filesystem::path path = std::filesystem::absolute(model);
     const std::vector<int32_t> dir = codes(path.parent_path().string());
     const std::vector<int32_t> name = codes(path.filename().string());
@@ -42,6 +42,16 @@ int call_solver(const std::string& model, const std::string& result_dir, int cal
     const int32_t dir_length = static_cast<int32_t>(dir.size());
     const int32_t name_length = static_cast<int32_t>(name.size());
     const int32_t result_length = static_cast<int32_t>(result.size());
+    if (reference) {
+        // The literal path is an option of the library's own run, not of the exported entry.
+        try {
+            return qm::run_solver(path.parent_path().string(), path.filename().string(),
+                                  std::filesystem::absolute(result_dir).string(), calculation_type, true);
+        } catch (const std::exception& e) {
+            std::cerr << "Quillmark: the run ended early: " << e.what() << "\n";
+            return 0;
+        }
+    }
     int32_t valid = 0;
     const int32_t type = calculation_type;
     QUILLMARKSOLVER(dir.data(), &dir_length, name.data(), &name_length, result.data(), &result_length, &valid,
@@ -54,15 +64,19 @@ void add_run_command(CLI::App& app, int& exit_code) {
     auto model = std::make_shared<std::string>();
     auto out = std::make_shared<std::string>("out");
     auto type = std::make_shared<int>(1);
+    auto reference = std::make_shared<bool>(false);
     run->add_option("MODEL", *model, "Input file of the model")->required()->check(CLI::ExistingFile);
     run->add_option("-o,--output", *out, "Result directory; created when missing (default: out)");
     run->add_option("--type", *type,
                     "Calculation type: 0 read and check only, 1 free vibration (default), "
                     "2 forced vibration, 3 free and forced with load case checks");
-    run->callback([model, out, type, &exit_code] {
+    run->add_flag("--reference", *reference,
+                  "Forced vibration on the literal reference path: a dense solve per order and the "
+                  "synthesis step by step (slow; same results to rounding)");
+    run->callback([model, out, type, reference, &exit_code] {
         std::error_code ec;
         std::filesystem::create_directories(*out, ec);
-        const int valid = call_solver(*model, *out, *type);
+        const int valid = call_solver(*model, *out, *type, *reference);
         std::cout << "Model: " << *model << "\n";
         std::cout << "Result directory: " << std::filesystem::absolute(*out).string() << "\n";
         std::cout << "Input valid: " << (valid == 1 ? "yes" : "no") << " (ISINPUTVALID " << valid << ")\n";

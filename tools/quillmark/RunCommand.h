@@ -11,6 +11,7 @@ void add_check_command(CLI::App& app, int& exit_code);
 
 // Calls the exported entry with the model's directory and name as character-code arrays.
 // Returns ISINPUTVALID.
-int call_solver(const std::string& model, const std::string& result_dir, int calculation_type);
+int call_solver(const std::string& model, const std::string& result_dir, int calculation_type,
+                bool reference = false);
 
 }  // namespace qm::cli
