@@ -1,6 +1,7 @@
 #include "matrices/RelativeResults.h"
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "components/GlobalMass.h"
@@ -55,6 +56,12 @@ void RELATIVEINERTIADEFLECTION(RunContext& ctx, const MassTable& MASS_TABLE, con
         for (int m = 1; m <= N; ++m) v_rpm(p, m) *= MASS_TABLE(r).RPMRATIO;
     }
 
+    // The degree of freedom of each inertia, looked up once rather than per mode.
+    std::vector<int> dofs(static_cast<std::size_t>(nmass) + 1, 0);
+    for (int r = 1; r <= nmass; ++r)
+        if (MASS_TABLE(r).MASSTYPE != CODES::MASSTYPE_VISCOUSDAMPERRING)
+            dofs[static_cast<std::size_t>(r)] = GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGMASS(MASS_TABLE, r);
+
     RELATIVEDEFLECTION.allocate(nmode * nmass);
     for (int m = 2; m <= N; ++m) {
         double reference = 0.0;
@@ -68,7 +75,7 @@ void RELATIVEINERTIADEFLECTION(RunContext& ctx, const MassTable& MASS_TABLE, con
         // values that are not numbers, and they go to the file as they are.
         for (int r = 1; r <= nmass; ++r) {
             if (MASS_TABLE(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
-            const int dof = GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGMASS(MASS_TABLE, r);
+            const int dof = dofs[static_cast<std::size_t>(r)];
             RELATIVEDEFLECTION(mode_record(m, r, nmass)) = v_rpm(dof, m) / reference;
         }
     }
@@ -81,12 +88,16 @@ void RELATIVEINERTIATORQUE(RunContext& ctx, const MassTable& MASS_TABLE, const S
     const int nshaft = GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE);
     const int nmode = N > 1 ? N - 1 : 0;
     RELATIVETORQUE.allocate(nmode * nshaft);
+    // The rows of both ends of each shaft, looked up once rather than per mode.
+    std::vector<std::pair<int, int>> ends(static_cast<std::size_t>(nshaft) + 1, {0, 0});
+    for (int s = 1; s <= nshaft; ++s)
+        ends[static_cast<std::size_t>(s)] = {GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, SHAFT_TABLE(s).ORGNODE),
+                                             GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, SHAFT_TABLE(s).DESNODE)};
     for (int m = 2; m <= N; ++m) {
         for (int s = 1; s <= nshaft; ++s) {
             const ShaftRecord& shaft = SHAFT_TABLE(s);
             if (shaft.SHAFTTYPE == CODES::SHAFTTYPE_VISCOUSDAMPERSPRING) continue;
-            const int i = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, shaft.ORGNODE);
-            const int j = GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, shaft.DESNODE);
+            const auto [i, j] = ends[static_cast<std::size_t>(s)];
             if (i < 1 || j < 1) continue;  // reported by the data check
             RELATIVETORQUE(mode_record(m, s, nshaft)) =
                 shaft.STIFFNESS * (RELATIVEDEFLECTION(mode_record(m, i, nmass)) - RELATIVEDEFLECTION(mode_record(m, j, nmass)));
