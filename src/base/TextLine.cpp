@@ -40,10 +40,11 @@ bool read_text_line(std::istream& in, std::string& line) {
     return true;
 }
 
-bool is_regular_file(const std::string& name) {
-    struct stat status {};
-    return !name.empty() && ::stat(name.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-}
+namespace {
+// Larger text files than this are refused: no model or side file comes near it, and reading
+// it line by line would hold the call for minutes.
+constexpr long long MAX_TEXT_FILE_BYTES = 1LL << 30;
+}  // namespace
 
 std::string side_file_path(const std::string& folder, const std::string& name) {
     const std::string trimmed = STRINGOPERATION::trimmed(name);
@@ -53,7 +54,12 @@ std::string side_file_path(const std::string& folder, const std::string& name) {
 
 bool open_text_file(std::ifstream& in, const std::string& name) {
     if (in.is_open()) in.close();
-    if (!is_regular_file(name)) return false;
+    struct stat status {};
+    if (name.empty() || ::stat(name.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+    if (status.st_size > MAX_TEXT_FILE_BYTES) return false;
+    // A file of size 0 has nothing to read and is left closed, so it reads as ended at once.
+    // The system's pseudo-files also give size 0, and some of them never end or block.
+    if (status.st_size == 0) return true;
     in.open(name, std::ios::binary);
     return in.is_open();
 }

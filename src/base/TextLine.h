@@ -15,17 +15,16 @@ constexpr int LINE_LENGTH = 2600;  // characters of a line that count
 // whatever the file holds. False at the end of the file.
 bool read_text_line(std::istream& in, std::string& line);
 
-// True when `name` is a regular file (after following links). Pipes, devices, sockets and
-// directories are not: opening a pipe blocks until a writer comes, and a device such as
-// /dev/zero never ends.
-bool is_regular_file(const std::string& name);
-
 // Where a side file named in a model lies: a relative name starts in `folder` (the folder
 // of the model file); an absolute or blank name, or a blank folder, leaves it as written.
 std::string side_file_path(const std::string& folder, const std::string& name);
 
-// Opens a regular file for reading; anything else leaves the stream closed, as a file
-// that does not exist does.
+// Opens a regular file (after following links) for reading. Pipes, devices, sockets and
+// directories are refused: opening a pipe blocks until a writer comes, and a device such as
+// /dev/zero never ends. These, and a file above 1 GiB, leave the stream closed and give
+// false, as a file that does not exist does. A file of size 0 gives true
+// but is not opened: it reads as ended at once (so do the system's pseudo-files, which
+// report size 0 and may never end).
 bool open_text_file(std::ifstream& in, const std::string& name);
 
 }  // namespace qm

@@ -81,7 +81,14 @@ TEST(TextLine, OnlyRegularFilesOpen) {
     ASSERT_EQ(mkfifo((dir / "pipe").c_str(), 0600), 0);
     std::ifstream in;
     EXPECT_TRUE(open_text_file(in, (dir / "plain.txt").string()));
-    for (const std::string name : {(dir / "pipe").string(), dir.str(), std::string("/dev/zero"),
+    // Files of size 0 read as ended, also a pseudo-file of the system that never would.
+    test::write_file(dir / "empty.txt", "");
+    for (const std::string& name : {(dir / "empty.txt").string(), std::string("/proc/self/pagemap")}) {
+        EXPECT_TRUE(open_text_file(in, name)) << name;
+        std::string line;
+        EXPECT_FALSE(read_text_line(in, line)) << name;
+    }
+    for (const std::string& name : {(dir / "pipe").string(), dir.str(), std::string("/dev/zero"),
                                    (dir / "missing").string(), std::string()}) {
         EXPECT_FALSE(open_text_file(in, name)) << name;
         EXPECT_FALSE(in.is_open()) << name;
