@@ -9,6 +9,7 @@
 #include "base/Constants.h"
 #include "base/Format.h"
 #include "components/ViscousDamperCustomDamping.h"
+#include "forced/ComponentRows.h"
 #include "input/GraphTheory.h"
 
 namespace qm::FORCEDVIBRATION {
@@ -25,46 +26,6 @@ const char* const kStiffnessNote =
 constexpr double kStiffnessPlaceholder = 9.999999974752427e-07;
 
 std::string hyphens(int n) { return std::string(static_cast<std::size_t>(n), '-'); }
-
-// Speed, power and mean torque of a component at a load case; the torque of all kinds but the
-// diesel engine and the reciprocating pump, which work it out themselves.
-template <class Record>
-void set_operating_point(Record& r, double P, double speed) {
-    r.POWER = P;
-    r.SPEED = speed;
-    r.TORQUE = P / (speed * PI / 30.0);
-}
-
-// Rows of a component in its table found by the component's ID, 0 when it has none.
-int component_row(const ModelTables& t, int type, int id) {
-    switch (type) {
-        case COMPONENT_DIESEL: return GLOBAL_DIESEL::GET_DIESEL_IDIESEL(t.DIESEL_TABLE, id);
-        case COMPONENT_PROPELLER: return GLOBAL_PROPELLER::GET_PROPELLER_IPROPELLER(t.PROPELLER_TABLE, id);
-        case COMPONENT_ELECTRICMOTOR:
-            return GLOBAL_ELECTRICMOTOR::GET_ELECTRICMOTOR_IELECTRICMOTOR(t.ELECTRICMOTOR_TABLE, id);
-        case COMPONENT_GENERATOR: return GLOBAL_GENERATOR::GET_GENERATOR_IGENERATOR(t.GENERATOR_TABLE, id);
-        case COMPONENT_GASTURBINE: return GLOBAL_GASTURBINE::GET_GASTURBINE_IGASTURBINE(t.GASTURBINE_TABLE, id);
-        case COMPONENT_STEAMTURBINE:
-            return GLOBAL_STEAMTURBINE::GET_STEAMTURBINE_ISTEAMTURBINE(t.STEAMTURBINE_TABLE, id);
-        case COMPONENT_CENTRIFUGALPUMP:
-            return GLOBAL_CENTRIFUGALPUMP::GET_CENTRIFUGALPUMP_ICENTRIFUGALPUMP(t.CENTRIFUGALPUMP_TABLE, id);
-        case COMPONENT_RECIPROCATINGPUMP:
-            return GLOBAL_RECIPROCATINGPUMP::GET_RECIPROCATINGPUMP_IRECIPROCATINGPUMP(t.RECIPROCATINGPUMP_TABLE, id);
-        case COMPONENT_VISCOUSDAMPER:
-            return GLOBAL_VISCOUSDAMPER::GET_VISCOUSDAMPER_IVISCOUSDAMPER(t.VISCOUSDAMPER_TABLE, id);
-        case COMPONENT_STEELSPRINGDAMPER:
-            return GLOBAL_STEELSPRINGDAMPER::GET_STEELSPRINGDAMPER_ISTEELSPRINGDAMPER(t.STEELSPRINGDAMPER_TABLE, id);
-        case COMPONENT_RUBBERDAMPER: return GLOBAL_RUBBERDAMPER::GET_RUBBERDAMPER_IRUBBERDAMPER(t.RUBBERDAMPER_TABLE, id);
-        case COMPONENT_LINEARCOUPLING:
-            return GLOBAL_LINEARCOUPLING::GET_LINEARCOUPLING_ILINEARCOUPLING(t.LINEARCOUPLING_TABLE, id);
-        case COMPONENT_PROGRESSIVECOUPLING:
-            return GLOBAL_PROGRESSIVECOUPLING::GET_PROGRESSIVECOUPLING_IPROGRESSIVECOUPLING(t.PROGRESSIVECOUPLING_TABLE,
-                                                                                         id);
-        case COMPONENT_GEISLINGERCOUPLING:
-            return GLOBAL_GEISLINGERCOUPLING::GET_GEISLINGERCOUPLING_IGEISLINGERCOUPLING(t.GEISLINGERCOUPLING_TABLE, id);
-        default: return 0;
-    }
-}
 
 double shaft_magnifier(const ShaftTable& shafts, int row) { return is_row(shafts, row) ? shafts(row).DYNMAGNIFIER : 0.0; }
 double shaft_stiffness(const ShaftTable& shafts, int row) { return is_row(shafts, row) ? shafts(row).STIFFNESS : 0.0; }

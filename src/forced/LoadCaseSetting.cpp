@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "base/ComponentCodes.h"
-#include "base/Constants.h"
 #include "excitation/DieselExcitation.h"
 #include "excitation/IceExcitation.h"
 #include "excitation/PumpExcitation.h"
+#include "forced/ComponentRows.h"
 
 namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX {
 
@@ -17,11 +17,7 @@ namespace {
 template <class Record>
 bool set_operating_point(Table<Record>& table, int row, double P, double n) {
     if (row < 1 || row > table.size()) return false;
-    Record& r = table(row);
-    const double s = n * r.RPMRATIO;
-    r.POWER = P;
-    r.SPEED = s;
-    r.TORQUE = P / (s * PI / 30.0);
+    FORCEDVIBRATION::set_operating_point(table(row), P, n * table(row).RPMRATIO);
     return true;
 }
 
@@ -87,74 +83,37 @@ void LOADCASESETTING(ModelTables& t, int lc) {
         const int id = t.LOADCASE_TABLE(c).COMPONENTID;
         if (c > t.LOADCASE_POWER.rows() || lc > t.LOADCASE_POWER.cols()) break;
         const double P = t.LOADCASE_POWER(c, lc);
+        const int row = FORCEDVIBRATION::component_row(t, type, id);
         switch (type) {
             case CODES::COMPONENT_DIESEL:
-                diesel_setting(t, GLOBAL_DIESEL::GET_DIESEL_IDIESEL(t.DIESEL_TABLE, id), P, n, lc);
+                diesel_setting(t, row, P, n, lc);
                 break;
-            case CODES::COMPONENT_PROPELLER: {
-                const int row = GLOBAL_PROPELLER::GET_PROPELLER_IPROPELLER(t.PROPELLER_TABLE, id);
+            case CODES::COMPONENT_PROPELLER:
                 if (set_operating_point(t.PROPELLER_TABLE, row, P, n) && t.PROPELLER_TABLE(row).HASICEEXCITATION)
                     GLOBAL_PROPELLER::CALCULATE_PROPELLER_FOURIERCOEFFICIENT(t.PROPELLER_TABLE, row);
                 break;
-            }
-            case CODES::COMPONENT_ELECTRICMOTOR: {
-                const int row = GLOBAL_ELECTRICMOTOR::GET_ELECTRICMOTOR_IELECTRICMOTOR(t.ELECTRICMOTOR_TABLE, id);
+            case CODES::COMPONENT_ELECTRICMOTOR:
                 if (set_operating_point(t.ELECTRICMOTOR_TABLE, row, P, n))
                     GLOBAL_ELECTRICMOTOR::CALCULATE_ELECTRICMOTOR_LOADCASESETTING(t.ELECTRICMOTOR_TABLE, row);
                 break;
-            }
-            case CODES::COMPONENT_GENERATOR: {
-                const int row = GLOBAL_GENERATOR::GET_GENERATOR_IGENERATOR(t.GENERATOR_TABLE, id);
+            case CODES::COMPONENT_GENERATOR:
                 if (set_operating_point(t.GENERATOR_TABLE, row, P, n))
                     GLOBAL_GENERATOR::CALCULATE_GENERATOR_LOADCASESETTING(t.GENERATOR_TABLE, row);
                 break;
-            }
-            case CODES::COMPONENT_CENTRIFUGALPUMP: {
-                const int row = GLOBAL_CENTRIFUGALPUMP::GET_CENTRIFUGALPUMP_ICENTRIFUGALPUMP(t.CENTRIFUGALPUMP_TABLE, id);
+            case CODES::COMPONENT_CENTRIFUGALPUMP:
                 if (set_operating_point(t.CENTRIFUGALPUMP_TABLE, row, P, n))
                     GLOBAL_CENTRIFUGALPUMP::CALCULATE_CENTRIFUGALPUMP_LOADCASESETTING(t.CENTRIFUGALPUMP_TABLE, row);
                 break;
-            }
-            case CODES::COMPONENT_GASTURBINE:
-                set_operating_point(t.GASTURBINE_TABLE, GLOBAL_GASTURBINE::GET_GASTURBINE_IGASTURBINE(t.GASTURBINE_TABLE, id), P, n);
-                break;
-            case CODES::COMPONENT_STEAMTURBINE:
-                set_operating_point(t.STEAMTURBINE_TABLE,
-                                    GLOBAL_STEAMTURBINE::GET_STEAMTURBINE_ISTEAMTURBINE(t.STEAMTURBINE_TABLE, id), P, n);
-                break;
-            case CODES::COMPONENT_VISCOUSDAMPER:
-                set_operating_point(t.VISCOUSDAMPER_TABLE,
-                                    GLOBAL_VISCOUSDAMPER::GET_VISCOUSDAMPER_IVISCOUSDAMPER(t.VISCOUSDAMPER_TABLE, id), P, n);
-                break;
-            case CODES::COMPONENT_STEELSPRINGDAMPER:
-                set_operating_point(
-                    t.STEELSPRINGDAMPER_TABLE,
-                    GLOBAL_STEELSPRINGDAMPER::GET_STEELSPRINGDAMPER_ISTEELSPRINGDAMPER(t.STEELSPRINGDAMPER_TABLE, id), P, n);
-                break;
-            case CODES::COMPONENT_RUBBERDAMPER:
-                set_operating_point(t.RUBBERDAMPER_TABLE,
-                                    GLOBAL_RUBBERDAMPER::GET_RUBBERDAMPER_IRUBBERDAMPER(t.RUBBERDAMPER_TABLE, id), P, n);
-                break;
-            case CODES::COMPONENT_LINEARCOUPLING:
-                set_operating_point(t.LINEARCOUPLING_TABLE,
-                                    GLOBAL_LINEARCOUPLING::GET_LINEARCOUPLING_ILINEARCOUPLING(t.LINEARCOUPLING_TABLE, id), P, n);
-                break;
-            case CODES::COMPONENT_PROGRESSIVECOUPLING:
-                set_operating_point(t.PROGRESSIVECOUPLING_TABLE,
-                                    GLOBAL_PROGRESSIVECOUPLING::GET_PROGRESSIVECOUPLING_IPROGRESSIVECOUPLING(
-                                        t.PROGRESSIVECOUPLING_TABLE, id),
-                                    P, n);
-                break;
-            case CODES::COMPONENT_GEISLINGERCOUPLING:
-                set_operating_point(t.GEISLINGERCOUPLING_TABLE,
-                                    GLOBAL_GEISLINGERCOUPLING::GET_GEISLINGERCOUPLING_IGEISLINGERCOUPLING(
-                                        t.GEISLINGERCOUPLING_TABLE, id),
-                                    P, n);
-                break;
+            case CODES::COMPONENT_GASTURBINE: set_operating_point(t.GASTURBINE_TABLE, row, P, n); break;
+            case CODES::COMPONENT_STEAMTURBINE: set_operating_point(t.STEAMTURBINE_TABLE, row, P, n); break;
+            case CODES::COMPONENT_VISCOUSDAMPER: set_operating_point(t.VISCOUSDAMPER_TABLE, row, P, n); break;
+            case CODES::COMPONENT_STEELSPRINGDAMPER: set_operating_point(t.STEELSPRINGDAMPER_TABLE, row, P, n); break;
+            case CODES::COMPONENT_RUBBERDAMPER: set_operating_point(t.RUBBERDAMPER_TABLE, row, P, n); break;
+            case CODES::COMPONENT_LINEARCOUPLING: set_operating_point(t.LINEARCOUPLING_TABLE, row, P, n); break;
+            case CODES::COMPONENT_PROGRESSIVECOUPLING: set_operating_point(t.PROGRESSIVECOUPLING_TABLE, row, P, n); break;
+            case CODES::COMPONENT_GEISLINGERCOUPLING: set_operating_point(t.GEISLINGERCOUPLING_TABLE, row, P, n); break;
             case CODES::COMPONENT_RECIPROCATINGPUMP:
-                reciprocatingpump_setting(
-                    t, GLOBAL_RECIPROCATINGPUMP::GET_RECIPROCATINGPUMP_IRECIPROCATINGPUMP(t.RECIPROCATINGPUMP_TABLE, id), P,
-                    n, lc);
+                reciprocatingpump_setting(t, row, P, n, lc);
                 break;
             default:
                 break;  // no component of the load case
