@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numeric>
 
-#include "../input/ReadModel.h"
+#include "../support/TestModels.h"
 #include "forced/LoadCaseSetting.h"
 #include "forced/ShaftPowerLoss.h"
 #include "forced/ShaftResults.h"

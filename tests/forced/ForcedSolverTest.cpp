@@ -3,7 +3,7 @@
 #include <cmath>
 #include <complex>
 
-#include "ForcedTestModels.h"
+#include "../support/TestModels.h"
 #include "base/ComponentCodes.h"
 #include "base/Constants.h"
 #include "forced/ForcedSolver.h"

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-#include "../TestSupport.h"
+#include "../support/TestModels.h"
 #include "base/ComponentCodes.h"
 #include "base/GlobalParameter.h"
 #include "input/DataChecking.h"
@@ -15,46 +15,23 @@ using namespace qm::FORCEDVIBRATION;
 
 namespace {
 
-// A line of masses joined one after the other by shafts 1..n-1. Each mass is given as
-// (COMPONENTTYPE, COMPONENTID); powers[c] is the load case row of component column c.
-struct Line {
-    ModelTables t;
-    explicit Line(const std::vector<std::pair<int, int>>& masses) {
-        const int n = static_cast<int>(masses.size());
-        t.MASS_TABLE.allocate(n);
-        for (int m = 1; m <= n; ++m) {
-            t.MASS_TABLE(m).ID = m;
-            t.MASS_TABLE(m).COMPONENTTYPE = masses[m - 1].first;
-            t.MASS_TABLE(m).COMPONENTID = masses[m - 1].second;
-            t.MASS_TABLE(m).INERTIA = 100.0 * m;
-        }
-        t.SHAFT_TABLE.allocate(n - 1);
-        for (int j = 1; j < n; ++j) {
-            t.SHAFT_TABLE(j).ID = j;
-            t.SHAFT_TABLE(j).ORGNODE = j;
-            t.SHAFT_TABLE(j).DESNODE = j + 1;
-        }
+// Masses 1..n (inertias 100, 200, ...) joined one after the other by shafts 1..n-1. Each
+// mass is given as (COMPONENTTYPE, COMPONENTID).
+test::Model line(const std::vector<std::pair<int, int>>& masses) {
+    test::Model m;
+    for (int i = 1; i <= static_cast<int>(masses.size()); ++i) {
+        const auto [type, id] = masses[static_cast<std::size_t>(i - 1)];
+        m.mass(i, 100.0 * i, 1.0, CODES::MASSTYPE_PLAIN, type, id);
+        if (i > 1) m.shaft(i - 1, i, 0.0);
     }
-    // One column per (type, id), one row of powers per load case, in W.
-    void load_cases(const std::vector<std::pair<int, int>>& columns, const std::vector<std::vector<double>>& rows) {
-        t.LOADCASE_TABLE.allocate(static_cast<int>(columns.size()));
-        for (int c = 1; c <= static_cast<int>(columns.size()); ++c) {
-            t.LOADCASE_TABLE(c).COMPONENTTYPE = columns[c - 1].first;
-            t.LOADCASE_TABLE(c).COMPONENTID = columns[c - 1].second;
-        }
-        t.LOADCASE_SPEED.allocate(static_cast<int>(rows.size()));
-        t.LOADCASE_POWER.allocate(static_cast<int>(columns.size()), static_cast<int>(rows.size()));
-        for (int lc = 1; lc <= static_cast<int>(rows.size()); ++lc) {
-            t.LOADCASE_SPEED(lc) = 100.0;
-            for (int c = 1; c <= static_cast<int>(columns.size()); ++c) t.LOADCASE_POWER(c, lc) = rows[lc - 1][c - 1];
-        }
-    }
-    Array2D<double> shaft_power() {
-        Array2D<double> p;
-        CALCULATELOADCASESHAFTPOWER(t, p);
-        return p;
-    }
-};
+    return m;
+}
+
+Array2D<double> shaft_power(ModelTables& t) {
+    Array2D<double> p;
+    CALCULATELOADCASESHAFTPOWER(t, p);
+    return p;
+}
 
 constexpr int ENGINE = CODES::COMPONENT_DIESEL;
 constexpr int PROPELLER = CODES::COMPONENT_PROPELLER;
@@ -66,39 +43,34 @@ constexpr int PLAIN = CODES::COMPONENT_NONE_MASS;
 
 TEST(ShaftPower, BalanceOfTheTwoSidesOfEachShaft) {
     // engine against propeller of the same power, and a load case with all powers 0
-    Line a({{ENGINE, 1}, {PROPELLER, 1}});
-    a.t.DIESEL_TABLE.allocate(1);
-    a.t.DIESEL_TABLE(1).ID = 1;
-    a.t.DIESEL_TABLE(1).NCYLINDER = 1;
+    test::Model a = line({{ENGINE, 1}, {PROPELLER, 1}});
+    test::append(a.t.DIESEL_TABLE, {.ID = 1, .NCYLINDER = 1});
     a.load_cases({{ENGINE, 1}, {PROPELLER, 1}}, {{1.0e7, 1.0e7}, {0.0, 0.0}});
-    const auto pa = a.shaft_power();
+    const auto pa = shaft_power(a);
     EXPECT_DOUBLE_EQ(pa(1, 1), 1.0e7);
     EXPECT_EQ(pa(1, 2), 0.0);
 
     // engine driving a three-cylinder pump: the power is spread by NCYLINDER over its masses
-    Line b({{ENGINE, 1}, {PUMP, 1}, {PUMP, 1}, {PUMP, 1}});
-    b.t.DIESEL_TABLE.allocate(1);
-    b.t.DIESEL_TABLE(1).ID = 1;
-    b.t.DIESEL_TABLE(1).NCYLINDER = 1;
-    b.t.RECIPROCATINGPUMP_TABLE.allocate(1);
-    b.t.RECIPROCATINGPUMP_TABLE(1).ID = 1;
+    test::Model b = line({{ENGINE, 1}, {PUMP, 1}, {PUMP, 1}, {PUMP, 1}});
+    test::append(b.t.DIESEL_TABLE, {.ID = 1, .NCYLINDER = 1});
+    test::append(b.t.RECIPROCATINGPUMP_TABLE).ID = 1;
     b.t.RECIPROCATINGPUMP_TABLE(1).NCYLINDER = 3;
     b.load_cases({{ENGINE, 1}, {PUMP, 1}}, {{3.0e6, 3.0e6}});
-    const auto pb = b.shaft_power();
+    const auto pb = shaft_power(b);
     EXPECT_DOUBLE_EQ(pb(1, 1), 3.0e6);
     EXPECT_DOUBLE_EQ(pb(2, 1), 2.0e6);
     EXPECT_DOUBLE_EQ(pb(3, 1), 1.0e6);
 
     // both sides only take power out: the larger deficit counts, without sign
-    Line c({{PROPELLER, 1}, {PLAIN, 0}, {GENERATOR, 1}});
+    test::Model c = line({{PROPELLER, 1}, {PLAIN, 0}, {GENERATOR, 1}});
     c.load_cases({{PROPELLER, 1}, {GENERATOR, 1}}, {{4.0e5, 1.0e5}});
-    const auto pc = c.shaft_power();
+    const auto pc = shaft_power(c);
     EXPECT_DOUBLE_EQ(pc(1, 1), 4.0e5);
     EXPECT_DOUBLE_EQ(pc(2, 1), 4.0e5);
 }
 
 TEST(ShaftInertiaRatio, ShareOfTheSideAwayFromThePropeller) {
-    Line a({{PLAIN, 0}, {PLAIN, 0}, {PROPELLER, 1}});  // inertias 100, 200, 300
+    test::Model a = line({{PLAIN, 0}, {PLAIN, 0}, {PROPELLER, 1}});  // inertias 100, 200, 300
     a.t.PROPELLER_TABLE.allocate(1);
     a.t.PROPELLER_TABLE(1).ID = 7;  // not the row of its inertia: found by its node
     a.t.PROPELLER_TABLE(1).PROPELLERNODE = 3;
@@ -136,17 +108,16 @@ TEST(LoadCaseReport, TwoStrokeExampleLineForLine) {
 
 TEST(LoadCaseReport, PlaceholderStiffnessAndCodesWithoutBlock) {
     test::ScratchDir dir;
-    Line a({{CODES::COMPONENT_VISCOUSDAMPER, 4}, {CODES::COMPONENT_VISCOUSDAMPER, 4}});
+    test::Model a = line({{CODES::COMPONENT_VISCOUSDAMPER, 4}, {CODES::COMPONENT_VISCOUSDAMPER, 4}});
     a.t.SHAFT_TABLE(1).STIFFNESS = 9.999999974752427e-07;  // the damper's spring without stiffness
-    a.t.VISCOUSDAMPER_TABLE.allocate(1);
-    a.t.VISCOUSDAMPER_TABLE(1).ID = 4;
-    a.t.VISCOUSDAMPER_TABLE(1).CASINGNODE = 1;
-    a.t.VISCOUSDAMPER_TABLE(1).RINGNODE = 2;
-    a.t.VISCOUSDAMPER_TABLE(1).ABSDAMPING = 1.5e5;
+    ViscousDamperRecord& damper = test::append(a.t.VISCOUSDAMPER_TABLE);
+    damper.ID = 4;
+    damper.CASINGNODE = 1;
+    damper.RINGNODE = 2;
+    damper.ABSDAMPING = 1.5e5;
     // code 27 is a shaft role, not a component: no block
     a.load_cases({{27, 1}, {CODES::COMPONENT_VISCOUSDAMPER, 4}}, {{0.0, 0.0}});
-    RunContext ctx;
-    ctx.SETRESULTFILEDIR(dir.str(), static_cast<int>(dir.str().size()));
+    RunContext ctx = test::run_in(dir.str());
     WRITELOADCASESETTING(ctx, a.t);
     EXPECT_EQ(test::read_lines(dir / "LoadCaseSetting.txt"),
               (std::vector<std::string>{"", "Viscous damper   4", "Case          Speed       Stiffness       Damping",

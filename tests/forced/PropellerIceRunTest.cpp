@@ -4,8 +4,7 @@
 
 #include <string>
 
-#include "../TestSupport.h"
-#include "frame/QuillmarkSolver.h"
+#include "../support/TestModels.h"
 
 namespace {
 
@@ -34,8 +33,7 @@ std::string model(bool ice) {
 
 std::vector<double> run(const qm::test::ScratchDir& dir, bool ice) {
     qm::test::write_file(dir / "ice.txt", ice_file());
-    qm::test::write_file(dir / "model.qmk", model(ice));
-    EXPECT_EQ(qm::run_solver(dir.str(), "model.qmk", dir.str(), 2), 1);
+    EXPECT_EQ(qm::test::run_model(dir, model(ice), 2), 1);
     return qm::test::read_records(dir / "NominalTorque.bin");
 }
 

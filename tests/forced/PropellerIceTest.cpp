@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "../support/TestModels.h"
 #include "forced/PropellerIce.h"
 
 using namespace qm;
@@ -66,24 +67,18 @@ namespace {
 // A line of inertias with IDs 10, 20, ... (not their rows); shaft s joins the masses of
 // rows org and des. The propeller sits on the inertia of row `at`.
 struct PropellerLine {
-    MassTable masses;
-    ShaftTable shafts;
-    PropellerTable propellers;
+    ModelTables t;
+    MassTable& masses = t.MASS_TABLE;
+    ShaftTable& shafts = t.SHAFT_TABLE;
+    PropellerTable& propellers = t.PROPELLER_TABLE;
     std::vector<double> marks;
 
     PropellerLine(int nMass, std::initializer_list<std::pair<int, int>> edges, int at) {
-        masses.allocate(nMass);
-        for (int m = 1; m <= nMass; ++m) masses(m).ID = 10 * m;
-        shafts.allocate(static_cast<int>(edges.size()));
-        int s = 0;
-        for (auto [org, des] : edges) {
-            ++s;
-            shafts(s).ID = s;
-            shafts(s).ORGNODE = 10 * org;
-            shafts(s).DESNODE = 10 * des;
-        }
-        propellers.allocate(1);
-        propellers(1).PROPELLERNODE = 10 * at;
+        test::Model m;
+        for (int i = 1; i <= nMass; ++i) m.mass(10 * i, 1.0);
+        for (auto [org, des] : edges) m.shaft(10 * org, 10 * des, 1.0e6);
+        test::append(m.t.PROPELLER_TABLE, {.PROPELLERNODE = 10 * at});
+        t = std::move(m.t);
         marks.assign(static_cast<std::size_t>(shafts.size()), 0.0);
     }
     double mean(int j, int lc = 1, std::vector<double> inertiaRatio = {}) {

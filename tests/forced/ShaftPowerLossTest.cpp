@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "../support/TestModels.h"
 #include "base/ComponentCodes.h"
 #include "base/Constants.h"
 #include "base/GlobalParameter.h"
@@ -21,17 +22,7 @@ struct Line {
     ModelTables t;
     AllKindResults results;
 
-    Line() {
-        t.MASS_TABLE.allocate(4);
-        for (int m = 1; m <= 4; ++m) t.MASS_TABLE(m).ID = m;
-        t.SHAFT_TABLE.allocate(3);
-        for (int j = 1; j <= 3; ++j) {
-            ShaftRecord& s = t.SHAFT_TABLE(j);
-            s.ID = j;
-            s.ORGNODE = j;
-            s.DESNODE = j + 1;
-            s.STIFFNESSDYNAMIC = S;
-        }
+    Line() : t(test::chain(4, 10.0, S)) {
         t.SHAFT_TABLE(1).SHAFTTYPE = CODES::SHAFTTYPE_GEISLINGERCOUPLING;
         t.SHAFT_TABLE(1).COMPONENTTYPE = CODES::COMPONENT_GEISLINGERCOUPLING;
         t.GEISLINGERCOUPLING_TABLE.allocate(1);

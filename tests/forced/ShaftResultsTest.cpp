@@ -5,7 +5,7 @@
 
 #include "base/ComponentCodes.h"
 #include "base/Constants.h"
-#include "ForcedTestModels.h"
+#include "../support/TestModels.h"
 #include "forced/ShaftResults.h"
 
 namespace qm {

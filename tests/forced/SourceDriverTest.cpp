@@ -3,9 +3,9 @@
 #include <cmath>
 #include <complex>
 
+#include "../support/TestModels.h"
 #include "base/ComponentCodes.h"
 #include "base/Constants.h"
-#include "ForcedTestModels.h"
 #include "forced/LoadCaseSetting.h"
 #include "forced/SourceDriver.h"
 
@@ -63,17 +63,11 @@ TEST(SourceDriver, TwoSourcesOnOneGearboxEachReferredToItsOwnRatio) {
     // Generator 1 at ratio 1 (mass 1) and generator 2 at ratio 2 (mass 3) on a gear wheel
     // (mass 2, ratio 1) driving a load (mass 4, ratio 0.5).
     auto model = [](double scale) {
-        ModelTables t;
-        t.MASS_TABLE.allocate(4);
-        const double ratios[] = {1.0, 1.0, 2.0, 0.5};
-        for (int m = 1; m <= 4; ++m) {
-            test::set_mass(t, m, m, 10.0 * m, ratios[m - 1] * scale);
-            t.MASS_TABLE(m).ABSDAMPING = 50.0;
-        }
-        t.SHAFT_TABLE.allocate(3);
-        test::set_shaft(t, 1, 1, 2, 2.0e6, 1.0 * scale);
-        test::set_shaft(t, 2, 2, 3, 1.5e6, 2.0 * scale);
-        test::set_shaft(t, 3, 2, 4, 1.0e6, 0.5 * scale);
+        ModelTables t = test::Model()
+                            .mass(1, 10.0, scale).mass(2, 20.0, scale).mass(3, 30.0, 2.0 * scale).mass(4, 40.0, 0.5 * scale)
+                            .shaft(1, 2, 2.0e6, scale).shaft(2, 3, 1.5e6, 2.0 * scale).shaft(2, 4, 1.0e6, 0.5 * scale)
+                            .t;
+        for (int m = 1; m <= 4; ++m) t.MASS_TABLE(m).ABSDAMPING = 50.0;
         t.GENERATOR_TABLE.allocate(2);
         add_generator(t, 1, 1, 500.0, 800.0);
         add_generator(t, 2, 3, 1000.0, 300.0);

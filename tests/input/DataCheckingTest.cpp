@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "ReadModel.h"
-#include "frame/QuillmarkSolver.h"
+#include "../support/TestModels.h"
 #include "input/DataChecking.h"
 
 namespace qm {
@@ -15,13 +14,12 @@ using test::ReadModel;
 std::vector<std::string> check(const std::string& model, int type = 0, test::ScratchDir* keep = nullptr) {
     test::ScratchDir own;
     test::ScratchDir& dir = keep ? *keep : own;
-    test::write_file(dir / "model.qmk", model);
-    run_solver(dir.str(), "model.qmk", dir.str(), type);
+    test::run_model(dir, model, type);
     return test::read_lines(dir / "Quillmark.log");
 }
 
-const std::string LINE = "INERTIA 1 1 100 0 0\nINERTIA 2 1 50 0 0\nINERTIA 3 1 20 0 0\n"
-                         "SHAFT 1 1 2 1 1e6 0 0 0 0 0 0\nSHAFT 2 2 3 1 1e6 0 0 0 0 0 0\n";
+const std::string LINE =
+    test::ModelText().inertia(1, 100).inertia(2, 50).inertia(3, 20).shaft(1, 1, 2, 1e6).shaft(2, 2, 3, 1e6);
 
 TEST(DataChecking, FaultsInEveryTableGiveTheGoldenLog) {
     test::ScratchDir dir;
@@ -55,8 +53,8 @@ TEST(DataChecking, GraphMessagesOnlyOnAnOtherwiseCleanModel) {
 }
 
 TEST(DataChecking, ViscousDamperSpringGetsATinyStiffnessAndItsFileIsLoadedDuringItsChecks) {
-    const std::string spring0 = "INERTIA 1 1 100 0 0\nINERTIA 2 1 50 0 0\nINERTIA 3 1 20 0 0\n"
-                                "SHAFT 1 1 2 1 1e6 0 0 0 0 0 0\nSHAFT 2 2 3 1 0 0 0 0 0 0 0\n";
+    const std::string spring0 =
+        test::ModelText().inertia(1, 100).inertia(2, 50).inertia(3, 20).shaft(1, 1, 2, 1e6).shaft(2, 2, 3, 0.0);
     EXPECT_TRUE(check(spring0 + "VISCOUSDAMPER 1 1\n2 3 500 0\n").empty());  // damping: the spring may be 0
     const auto log = check(spring0 + "VISCOUSDAMPER 1 1\n2 3 500 1\nnone.txt\nRUBBERDAMPER 2 1\n3 2 -1\n");
     ASSERT_EQ(log.size(), 2U);

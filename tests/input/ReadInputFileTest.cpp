@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ReadModel.h"
+#include "../support/TestModels.h"
 #include "base/Log.h"
 #include "input/ImportInputFile.h"
 
@@ -182,14 +182,6 @@ TEST(ReadInputFile, GarbageBinaryAndEmptyFilesEndWithoutHarm) {
     Read huge("INERTIA 1 1 10 0 0\n" + std::string(10 * 1024 * 1024, 'x') + "\nINERTIA 2 1 10 0 0\n");
     EXPECT_TRUE(huge.ok);
     EXPECT_EQ(huge.tables.MASS_TABLE.size(), 2);
-}
-
-TEST(ReadInputFile, ReadingTheSameFileTwiceGivesTheSameTables) {
-    Read first(TWO_MASSES);
-    Read second(TWO_MASSES);
-    ASSERT_EQ(first.tables.SHAFT_TABLE.size(), second.tables.SHAFT_TABLE.size());
-    EXPECT_EQ(first.tables.SHAFT_TABLE(1).STIFFNESS, second.tables.SHAFT_TABLE(1).STIFFNESS);
-    EXPECT_EQ(first.tables.MASS_TABLE(2).INERTIA, second.tables.MASS_TABLE(2).INERTIA);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ReadModel.h"
+#include "../support/TestModels.h"
 
 namespace qm {
 namespace {

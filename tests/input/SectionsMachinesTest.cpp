@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "ReadModel.h"
+#include "../support/TestModels.h"
 #include "base/Constants.h"
 #include "base/GlobalParameter.h"
 #include "base/Log.h"
@@ -14,33 +14,20 @@ namespace {
 
 using Model = test::ReadModel;
 
-std::string joined(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& l : lines) text += l + "\n";
-    return text;
-}
+using test::joined;
 
 std::string message(const std::string& items, int line) { return test::read_error(items, line); }
 
 // Two lines of inertias stand before every section below, so section line k is file line k + 2.
 const std::string MASSES = "INERTIA 11 2,5 10 0 0\nINERTIA 12 1 10 0 0\n";
 
-// The two-cylinder in-line engine with theoretical pressure of the input reference.
-std::vector<std::string> diesel() {
-    return {"DIESEL 1 MainEngine",        "7000 100 2 2 0 0 0 0 1,1",      "11 12", "0 180", "0 0", "1 1",
-            "0 0",                        "100 100",                       "100 100",
-            "600 2400 0,25 1500 95 1 0 1", "150 110 1,35 1,25 15 2,5 320", "45 1 -5 40 120 -30 200",
-            "0,5 1,5 2 2,5"};
-}
+// The shared engine on inertias 11 and 12, and propeller 3 on inertia 12.
+std::vector<std::string> diesel() { return test::diesel_lines(1); }
+std::vector<std::string> propeller() { return test::propeller_lines(3, 12); }
 
 std::vector<std::string> pump() {
     return {"RECIPROCATINGPUMP 4 Pump", "300 500 2 90 1 1", "11 12", "0 180", "90 270", "150 200 0,2 40 1",
             "2",                        "1 2 0 0",          "10 5 0 0"};
-}
-
-std::vector<std::string> propeller() {
-    return {"PROPELLER 3", "12 7000 100 4 5000 1500 1", "300 5000 0,8 0,6 0 90 20", "ARCHER 30 40 80 2 1 90 1",
-            "0"};
 }
 
 // Expects the file to fail at file line `line` with the message of `items`, and nothing else.
@@ -92,7 +79,6 @@ TEST(MachineSections, SmallMachinesFillTheirRecordsAndMarkTheirInertias) {
     EXPECT_EQ(pump.CENTRIFUGALPUMPTORQUEPERCENT[0], 0.03);
 
     EXPECT_EQ(m.tables.GASTURBINE_TABLE(1).MCRTORQUE, 5000000.0 / (PI * 3000.0 / 30.0));
-    EXPECT_EQ(m.tables.STEAMTURBINE_TABLE(1).STEAMTURBINENODE, 5);
 
     // Inertia, its component code and mass code, the owner's ID; node 99 of the second gas
     // turbine is not in the model and is passed over.
@@ -105,22 +91,6 @@ TEST(MachineSections, SmallMachinesFillTheirRecordsAndMarkTheirInertias) {
         EXPECT_EQ(mass.MASSTYPE, mark[1]) << row;
         EXPECT_EQ(mass.COMPONENTID, mark[2]) << row;
     }
-}
-
-TEST(MachineSections, SmallMachinesReportEachLineWithItsMessage) {
-    expect_messages({"ELECTRICMOTOR 1", "1 100 1000 0 0 1", "1 0 0 0", "1 0 0 0"},
-                    {"Id", "ElectricMotorNode, McrPower, McrSpeed, ExcitationType, ConstExcitationFreq, MotorOrderNumber",
-                     "Electric motor order", "Electric motor torque amplitude"});
-    expect_messages({"GENERATOR 1", "1 100 1000 1", "1 0 0 0", "1 0 0 0"},
-                    {"Id", "GeneratorNode, McrPower, McrSpeed, GeneratorOrderNumber", "Generator torque order",
-                     "Generator torque amplitude"});
-    expect_messages({"CENTRIFUGALPUMP 1", "1 100 1000 1 0", "1 0 0 0", "1 0 0 0"},
-                    {"Id", "CentrifugalPumpNode, McrPower, McrSpeed, CentrifugalPumpOrderNumber, CentrifugalPumpPhaseAngle",
-                     "Centrifugal pump torque order", "Centrifugal pump torque amplitude"});
-    expect_messages({"GASTURBINE 1", "1 100 1000"}, {"Id", "GasTurbineNode, McrPower, McrSpeed"});
-    expect_messages({"STEAMTURBINE 1", "1 100 1000"}, {"Id", "SteamTurbineNode, McrPower, McrSpeed"});
-    // An order line with three values is short of one.
-    expect_failure(MASSES + "GENERATOR 1\n1 100 1000 1\n1 2 3\n1 0 0 0\n", "Generator torque order", 5);
 }
 
 TEST(DieselSection, InLineEngineWithTheoreticalPressureAndFormulaDamping) {
@@ -209,24 +179,6 @@ TEST(DieselSection, HarmonicFilesAreWholeLinesFoundBesideTheModel) {
     EXPECT_EQ(m.tables.MASS_TABLE(3).ID, 13);
 }
 
-TEST(DieselSection, EachLineReportsItsOwnMessage) {
-    expect_messages(diesel(),
-                    {"Id", "McrPower, McrSpeed, nStroke, nCylinder, ExcitationPhase, isVengine, Vangle", "Cylinders",
-                     "FiringAngleA", "FiringAngleB", "FiringStatusA", "FiringStatusB", "FiringStatusA",
-                     "FiringStatusB",
-                     "Bore, Stroke, ConrodRatio, RecipMass, Me, isTheoreticalPresure, VeeFiringType, isFormulaDamping",
-                     "PMax, PComp, CompExp, ExpaExp, CompRatio, PChargeAir, TChargeAir",
-                     "Te, FormFactor, AngleIgnition, AngleEndOfComb, AngleExhaustStart, AngleInletStart, AngleInletClose",
-                     "CylAbsDamping, ExpCylAbsDamping, CrankRelDamping, ExpCrankRelDamping"});
-    // A name is required beside the Id; a cylinder line one value short fails.
-    std::vector<std::string> lines = diesel();
-    lines[0] = "DIESEL 1";
-    expect_failure(MASSES + joined(lines), "Id", 3);
-    lines = diesel();
-    lines[7] = "100";
-    expect_failure(MASSES + joined(lines), "FiringStatusA", 10);
-}
-
 TEST(CylinderMachines, TwentyCylindersAreReadTwentyOneRefused) {
     auto per_cylinder = [](int n, const std::string& v) {
         std::string s;
@@ -295,15 +247,6 @@ TEST(ReciprocatingPumpSection, HarmonicFileAndSideBOnlyWhenOpposite) {
     EXPECT_EQ(p.PUMPHARMONICFILE, "pump harmonics.txt");
     EXPECT_EQ(p.SIDEFILEDIR, m.dir.str());
     EXPECT_EQ(p.RECIPROCATINGPUMPORDERNUMBER, 0);
-}
-
-TEST(ReciprocatingPumpSection, EachLineReportsItsOwnMessage) {
-    expect_messages(pump(), {"Id, PumpName",
-                             "McrPower, McrSpeed, nPumpCylinder, ExcitationPhase, isOpposite, isDoubleActing",
-                             "PumpCylinders", "DischargeAngleA", "DischargeAngleB",
-                             "Bore, Stroke, ConrodRatio, RecipMass, isSimplifiedPresure",
-                             "ReciprocatingPumpOrderNumber", "Reciprocating pump torque order",
-                             "Reciprocating pump torque amplitude"});
 }
 
 TEST(PropellerSection, FieldsUnitsAndMark) {
@@ -380,17 +323,56 @@ TEST(PropellerSection, EntrainedWaterFileIsOneWordOrQuoted) {
     EXPECT_EQ(m.tables.PROPELLER_TABLE(2).SIDEFILEDIR, m.dir.str());
 }
 
-TEST(PropellerSection, EachLineReportsItsOwnMessage) {
-    std::vector<std::string> lines = propeller();
-    lines[4] = "1";
-    lines.push_back("water.txt");
-    expect_messages(lines, {"Id", "PropellerNode, McrPower, McrSpeed, nBlade, InertiaAir, InertiaWater, isDucted",
-                            "Db, Di, PitchRatio, ExpAreaRatio, isFixedPitch, PitchPercent, DynMagnifier",
-                            "ArcherNumber, FrahmNumber,  KnucklePoint, TorquePercent1, TorquePercent2, "
-                            "ExcitationPhase, ConsiderPhaseAngle",
-                            "isVariablePropellerEntrainedWater"});
-    lines.pop_back();  // the file name line is missing: the end of the file reads blank
-    expect_failure(MASSES + joined(lines), "isVariablePropellerEntrainedWater", 8);
+// Each line of each machine section, made unreadable in turn, gives its own message.
+TEST(MachineSections, EachLineReportsItsOwnMessage) {
+    std::vector<std::string> propellerWithFile = propeller();
+    propellerWithFile[4] = "1";
+    propellerWithFile.push_back("water.txt");
+    const std::pair<std::vector<std::string>, std::vector<std::string>> sections[] = {
+        {{"ELECTRICMOTOR 1", "1 100 1000 0 0 1", "1 0 0 0", "1 0 0 0"},
+         {"Id", "ElectricMotorNode, McrPower, McrSpeed, ExcitationType, ConstExcitationFreq, MotorOrderNumber",
+          "Electric motor order", "Electric motor torque amplitude"}},
+        {{"GENERATOR 1", "1 100 1000 1", "1 0 0 0", "1 0 0 0"},
+         {"Id", "GeneratorNode, McrPower, McrSpeed, GeneratorOrderNumber", "Generator torque order",
+          "Generator torque amplitude"}},
+        {{"CENTRIFUGALPUMP 1", "1 100 1000 1 0", "1 0 0 0", "1 0 0 0"},
+         {"Id", "CentrifugalPumpNode, McrPower, McrSpeed, CentrifugalPumpOrderNumber, CentrifugalPumpPhaseAngle",
+          "Centrifugal pump torque order", "Centrifugal pump torque amplitude"}},
+        {{"GASTURBINE 1", "1 100 1000"}, {"Id", "GasTurbineNode, McrPower, McrSpeed"}},
+        {{"STEAMTURBINE 1", "1 100 1000"}, {"Id", "SteamTurbineNode, McrPower, McrSpeed"}},
+        {diesel(),
+         {"Id", "McrPower, McrSpeed, nStroke, nCylinder, ExcitationPhase, isVengine, Vangle", "Cylinders",
+          "FiringAngleA", "FiringAngleB", "FiringStatusA", "FiringStatusB", "FiringStatusA", "FiringStatusB",
+          "Bore, Stroke, ConrodRatio, RecipMass, Me, isTheoreticalPresure, VeeFiringType, isFormulaDamping",
+          "PMax, PComp, CompExp, ExpaExp, CompRatio, PChargeAir, TChargeAir",
+          "Te, FormFactor, AngleIgnition, AngleEndOfComb, AngleExhaustStart, AngleInletStart, AngleInletClose",
+          "CylAbsDamping, ExpCylAbsDamping, CrankRelDamping, ExpCrankRelDamping"}},
+        {pump(),
+         {"Id, PumpName", "McrPower, McrSpeed, nPumpCylinder, ExcitationPhase, isOpposite, isDoubleActing",
+          "PumpCylinders", "DischargeAngleA", "DischargeAngleB", "Bore, Stroke, ConrodRatio, RecipMass, isSimplifiedPresure",
+          "ReciprocatingPumpOrderNumber", "Reciprocating pump torque order", "Reciprocating pump torque amplitude"}},
+        {propellerWithFile,
+         {"Id", "PropellerNode, McrPower, McrSpeed, nBlade, InertiaAir, InertiaWater, isDucted",
+          "Db, Di, PitchRatio, ExpAreaRatio, isFixedPitch, PitchPercent, DynMagnifier",
+          "ArcherNumber, FrahmNumber,  KnucklePoint, TorquePercent1, TorquePercent2, ExcitationPhase, ConsiderPhaseAngle",
+          "isVariablePropellerEntrainedWater"}},
+    };
+    for (const auto& [section, items] : sections) {
+        SCOPED_TRACE(section[0]);
+        expect_messages(section, items);
+    }
+
+    // Lines one value short: an order line of three values, a diesel without a name, a
+    // cylinder line, the propeller's missing file name line (the end of the file reads blank).
+    expect_failure(MASSES + "GENERATOR 1\n1 100 1000 1\n1 2 3\n1 0 0 0\n", "Generator torque order", 5);
+    std::vector<std::string> lines = diesel();
+    lines[0] = "DIESEL 1";
+    expect_failure(MASSES + joined(lines), "Id", 3);
+    lines = diesel();
+    lines[7] = "100";
+    expect_failure(MASSES + joined(lines), "FiringStatusA", 10);
+    propellerWithFile.pop_back();
+    expect_failure(MASSES + joined(propellerWithFile), "isVariablePropellerEntrainedWater", 8);
 }
 
 TEST(PropellerIceSection, GoesToThePropellerReadLastWhateverItsId) {
@@ -439,25 +421,18 @@ TEST(ComponentSpeedRatios, MachinesTakeTheRatioOfTheirInertia) {
 }
 
 TEST(ComponentSpeedRatios, CouplingsTakeTheirShaftAndDampersTheirOuterInertia) {
-    ModelTables t;
-    t.MASS_TABLE.allocate(3);  // inertias 10, 20, 30 at 2, 3, 4
-    for (int i = 1; i <= 3; ++i) t.MASS_TABLE(i) = MassRecord{.ID = 10 * i, .RPMRATIO = 1.0 + i};
-    t.SHAFT_TABLE.allocate(2);  // shafts 5 and 6 at 7 and 8
-    for (int i = 1; i <= 2; ++i) t.SHAFT_TABLE(i) = ShaftRecord{.ID = 4 + i, .RPMRATIO = 6.0 + i};
-    t.LINEARCOUPLING_TABLE.allocate(1);
-    t.LINEARCOUPLING_TABLE(1).SHAFTNODE = 6;
-    t.PROGRESSIVECOUPLING_TABLE.allocate(1);
-    t.PROGRESSIVECOUPLING_TABLE(1).SHAFTNODE = 5;
-    t.GEISLINGERCOUPLING_TABLE.allocate(1);
-    t.GEISLINGERCOUPLING_TABLE(1).SHAFTNODE = 10;  // an inertia ID, no shaft ID
-    t.RUBBERDAMPER_TABLE.allocate(1);
-    t.RUBBERDAMPER_TABLE(1).TURNINGMASSNODE = 20;
-    t.RUBBERDAMPER_TABLE(1).DRIVEPLATENODE = 30;
-    t.STEELSPRINGDAMPER_TABLE.allocate(1);
-    t.STEELSPRINGDAMPER_TABLE(1).OUTERMEMBERNODE = 30;
-    t.STEELSPRINGDAMPER_TABLE(1).INNERMEMBERNODE = 10;
-    t.VISCOUSDAMPER_TABLE.allocate(1);
-    t.VISCOUSDAMPER_TABLE(1).CASINGNODE = 10;
+    // Inertias 10, 20, 30 at 2, 3, 4; shafts 5 and 6 at 7 and 8.
+    test::Model m;
+    m.mass(10, 1.0, 2.0).mass(20, 1.0, 3.0).mass(30, 1.0, 4.0).shaft(10, 20, 1.0, 7.0).shaft(20, 30, 1.0, 8.0);
+    ModelTables& t = m.t;
+    t.SHAFT_TABLE(1).ID = 5;
+    t.SHAFT_TABLE(2).ID = 6;
+    test::append(t.LINEARCOUPLING_TABLE, {.SHAFTNODE = 6});
+    test::append(t.PROGRESSIVECOUPLING_TABLE, {.SHAFTNODE = 5});
+    test::append(t.GEISLINGERCOUPLING_TABLE, {.SHAFTNODE = 10});  // an inertia ID, no shaft ID
+    test::append(t.RUBBERDAMPER_TABLE, {.TURNINGMASSNODE = 20, .DRIVEPLATENODE = 30});
+    test::append(t.STEELSPRINGDAMPER_TABLE, {.OUTERMEMBERNODE = 30, .INNERMEMBERNODE = 10});
+    test::append(t.VISCOUSDAMPER_TABLE).CASINGNODE = 10;
     t.VISCOUSDAMPER_TABLE(1).RINGNODE = 20;
     t.GENERATOR_TABLE.allocate(1);  // node 0 is no inertia
     IMPORTINPUTFILE::set_component_speed_ratios(t);

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "../TestSupport.h"
-#include "frame/QuillmarkSolver.h"
+#include "../support/TestModels.h"
 #include "input/SystemInfo.h"
 
 namespace qm {
@@ -11,9 +10,8 @@ using namespace IMPORTINPUTFILE;
 
 TEST(SystemInfo, EighteenRecordsInTheirFixedOrderAlsoForCalculationTypeZero) {
     test::ScratchDir dir;
-    test::write_file(dir / "m.qmk", "INERTIA 1 1 10 0 0\nINERTIA 2 1 10 0 0\nSHAFT 1 1 2 1 1e6 0 0 0 0 0 0\n");
     test::write_file(dir / OVERVIEWFILE, "older file\n");
-    ASSERT_EQ(run_solver(dir.str(), "m.qmk", dir.str(), 0), 1);
+    ASSERT_EQ(test::run_model(dir, test::ModelText().chain(2, 10.0, 1e6), 0), 1);
     const auto records = test::read_records(dir / SYSTEMINFOFILE);
     ASSERT_EQ(test::read_file(dir / SYSTEMINFOFILE).size(), 144U);
     EXPECT_EQ(records[0], 2.0);   // inertias

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "../forced/ForcedTestModels.h"
+#include "../support/TestModels.h"
 #include "base/ComponentCodes.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"
 
@@ -47,16 +47,9 @@ TEST(ForcedAssembly, CoefficientOrMagnifierFormAndGearedBranch) {
 
 TEST(ForcedAssembly, DamperRingIsADegreeOfFreedomWithItsCurves) {
     // hub - casing - ring, the ring on the damper's spring (shaft 2)
-    ModelTables t = test::chain(3, 100.0, 1.0e6);
-    test::set_mass(t, 2, 2, 4.0, 1.0, CODES::MASSTYPE_VISCOUSDAMPERCASING);
-    test::set_mass(t, 3, 3, 6.0, 1.0, CODES::MASSTYPE_VISCOUSDAMPERRING);
-    test::set_shaft(t, 2, 2, 3, 5.0e4, 1.0, CODES::SHAFTTYPE_VISCOUSDAMPERSPRING, CODES::COMPONENT_VISCOUSDAMPER, 1);
+    ModelTables t = test::Model().mass(1, 100.0).shaft(1, 2, 1.0e6).viscous_damper(1, 2, 4.0, 3, 6.0, 5.0e4).t;
     t.SHAFT_TABLE(2).ABSDAMPING = 300.0;
-    t.VISCOUSDAMPER_TABLE.allocate(1);
     auto& d = t.VISCOUSDAMPER_TABLE(1);
-    d.ID = 1;
-    d.CASINGNODE = 2;
-    d.RINGNODE = 3;
     MASSANDSHAFTTABLEPREPARATION(false, t.MASS_TABLE, t.SHAFT_TABLE, t.VISCOUSDAMPER_TABLE, t.LINEARCOUPLING_TABLE,
                                  t.PROGRESSIVECOUPLING_TABLE, t.PROPELLER_TABLE, 1);
     SystemMatrices mx = build(t);
@@ -78,10 +71,14 @@ TEST(ForcedAssembly, DamperRingIsADegreeOfFreedomWithItsCurves) {
 
 TEST(ForcedAssembly, FormulaDampedEngineAndGeislingerCoupling) {
     // Mass 1 a cylinder of engine 7, shaft 1 its crank throw, shaft 2 a Geislinger coupling.
-    ModelTables t = test::chain(3, 10.0, 1.0e6);
-    test::set_mass(t, 1, 1, 10.0, 1.0, CODES::MASSTYPE_DIESELCYLINDER, CODES::COMPONENT_DIESEL, 7);
+    ModelTables t = test::Model()
+                        .mass(1, 10.0, 1.0, CODES::MASSTYPE_DIESELCYLINDER, CODES::COMPONENT_DIESEL, 7)
+                        .mass(2, 10.0)
+                        .mass(3, 10.0)
+                        .shaft(1, 2, 1.0e6, 1.0, CODES::SHAFTTYPE_CRANKTHROW, CODES::COMPONENT_DIESEL, 7)
+                        .shaft(2, 3, 1.0e6)
+                        .t;
     t.MASS_TABLE(1).DYNMAGNIFIER = 30.0;  // ignored under formula damping
-    test::set_shaft(t, 1, 1, 2, 1.0e6, 1.0, CODES::SHAFTTYPE_CRANKTHROW, CODES::COMPONENT_DIESEL, 7);
     t.SHAFT_TABLE(1).DYNMAGNIFIER = 50.0;
     t.DIESEL_TABLE.allocate(1);
     auto& e = t.DIESEL_TABLE(1);
