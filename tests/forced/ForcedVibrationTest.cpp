@@ -8,18 +8,15 @@
 #include <fstream>
 #include <sstream>
 
-#include "../TestSupport.h"
-#include "frame/QuillmarkSolver.h"
+#include "../support/TestModels.h"
+#include "components/GlobalPropeller.h"
 
 namespace fs = std::filesystem;
 using namespace qm::FORCEDVIBRATION;
 
 namespace {
 
-int run(const qm::test::ScratchDir& dir, const std::string& model, int type = 2) {
-    qm::test::write_file(dir / "model.qmk", model);
-    return qm::run_solver(dir.str(), "model.qmk", dir.str(), type);
-}
+int run(const qm::test::ScratchDir& dir, const std::string& model) { return qm::test::run_model(dir, model, 2); }
 
 std::uintmax_t records(const qm::test::ScratchDir& dir, ResultFile f) {
     const fs::path p = dir / result_file_name(f);
@@ -111,4 +108,21 @@ TEST(ForcedVibration, AngleBasedCurvesOfAnEngineModel) {
     EXPECT_EQ(records(dir, ANGULARDEF_PROPELLER), 360U * 2 * NMASS);
     EXPECT_EQ(records(dir, TORQUEANGLE_DIESEL), 360U * 2 * NSHAFT);
     EXPECT_EQ(records(dir, RESULTANT_TORQUE), 2U * NSHAFT);
+}
+
+// A propeller with variable entrained water but no table of it falls back on its nominal
+// water in every load case; the forced run logs the loader's message once per load case,
+// in the place of that load case, and runs to the end.
+TEST(ForcedVibration, PropellerWithoutEntrainedWaterTableLogsItsMessagePerLoadCase) {
+    qm::test::ScratchDir dir;
+    ASSERT_EQ(run(dir, "INERTIA 1 1.0 5000 0 0\nINERTIA 2 1.0 800 0 0\n"
+                       "SHAFT 1 1 2 1.0 5.0E7 0 0 300 0 0 0\n"
+                       "PROPELLER 1\n1 2000 150 4 4000 1200 0\n3000 3500 0.8 0.6 1 100 20\n"
+                       "ARCHER 30 0 0 2 1 0 0\n1\n''\n"
+                       "LOADCASE\nRPM PROPELLER\n1\n100 600\n150 2000\n"),
+              1);
+    const std::string message = qm::GLOBAL_PROPELLER::ENTRAINEDWATERERROR;
+    EXPECT_EQ(message, "Error occurs when setting variable propeller entrained water inertia at Propeller!");
+    EXPECT_EQ(qm::test::read_lines(dir / "Quillmark.log"), std::vector<std::string>(2, message));
+    EXPECT_EQ(qm::test::read_records(dir / "NominalTorque.bin").size(), 2U);
 }
