@@ -1,31 +1,16 @@
 // Inputs that must not hang, crash or exhaust the host, run through the real shared library
 // in a child process that is stopped and measured from outside.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "../ChildProcess.h"
 #include "../TestSupport.h"
+#include "SharedLibrary.h"
 
 namespace qm {
 namespace {
 
-using Solver = void (*)(const int32_t*, const int32_t*, const int32_t*, const int32_t*, const int32_t*,
-                        const int32_t*, int32_t*, const int32_t*);
-
-// Calls the entry of the shared library as a host does and returns ISINPUTVALID.
-int32_t run_entry(const std::string& dir, const std::string& name, const std::string& result, int32_t type) {
-    void* handle = dlopen(QM_SHARED_LIBRARY, RTLD_NOW | RTLD_LOCAL);
-    if (handle == nullptr) return 99;
-    auto solver = reinterpret_cast<Solver>(dlsym(handle, "QUILLMARKSOLVER"));
-    const std::vector<int32_t> d(dir.begin(), dir.end()), n(name.begin(), name.end()), r(result.begin(), result.end());
-    const auto dl = static_cast<int32_t>(d.size()), nl = static_cast<int32_t>(n.size()),
-               rl = static_cast<int32_t>(r.size());
-    int32_t valid = 98;
-    solver(d.data(), &dl, n.data(), &nl, r.data(), &rl, &valid, &type);
-    dlclose(handle);
-    return valid;
-}
+using test::shared_solver;
 
 // An engine whose normal firing harmonic file is `file`, beside the model.
 std::string engine_model(const std::string& file) {
@@ -45,14 +30,14 @@ TEST(HostileInput, PipesAsInputOrSideFileAreRefusedAtOnce) {
     ASSERT_EQ(mkfifo((dir / "pipe.dat").c_str(), 0600), 0);
     test::write_file(dir / "engine.qmk", engine_model("pipe.dat"));
 
-    auto input = test::run_in_child([&] { return run_entry(dir.str(), "pipe.qmk", dir.str(), 1); }, 10.0);
+    auto input = test::run_in_child([&] { return shared_solver(dir.str(), "pipe.qmk", dir.str(), 1); }, 10.0);
     ASSERT_TRUE(input.finished) << "the call blocked on the pipe";
     EXPECT_LT(input.seconds, 1.0);
     EXPECT_EQ(input.exit_code, 0);
     EXPECT_EQ(test::read_lines(dir / "Quillmark.log"),
               std::vector<std::string>{"error occurs when accessing the input file" + (dir / "pipe.qmk").string()});
 
-    auto side = test::run_in_child([&] { return run_entry(dir.str(), "engine.qmk", dir.str(), 1); }, 10.0);
+    auto side = test::run_in_child([&] { return shared_solver(dir.str(), "engine.qmk", dir.str(), 1); }, 10.0);
     ASSERT_TRUE(side.finished) << "the call blocked on the pipe";
     EXPECT_LT(side.seconds, 1.0);
     EXPECT_EQ(side.exit_code, 0);
@@ -66,7 +51,7 @@ TEST(HostileInput, PipesAsInputOrSideFileAreRefusedAtOnce) {
 TEST(HostileInput, AnEndlessDeviceAsInputKeepsMemoryBounded) {
     test::ScratchDir dir;
     const long before = test::resident_kib();
-    auto zero = test::run_in_child([&] { return run_entry("/dev", "zero", dir.str(), 1); }, 30.0);
+    auto zero = test::run_in_child([&] { return shared_solver("/dev", "zero", dir.str(), 1); }, 30.0);
     ASSERT_TRUE(zero.finished);
     EXPECT_EQ(zero.exit_code, 0);
     EXPECT_LT(zero.peak_kib - before, 100 * 1024) << "KiB beyond the parent's memory";
