@@ -1,6 +1,8 @@
 // The line tools and the free-format value reader every section relies on.
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "base/StringOperation.h"
 #include "base/ValueReader.h"
 
@@ -45,14 +47,8 @@ TEST(ValueReader, ReadsIntegersRealsAndTextsInAnyPlainOrExponentForm) {
     double c = 0, d = 0, e = 0, f = 0, g = 0, h = 0;
     std::string s1, s2, s3;
     ASSERT_TRUE(r.read_all(a, b, c, d, e, f, g, h, s1, s2, s3));
-    EXPECT_EQ(a, 12);
-    EXPECT_EQ(b, -3);
-    EXPECT_EQ(c, 0.5);
-    EXPECT_EQ(d, 5.0);
-    EXPECT_EQ(e, 2.5e8);
-    EXPECT_EQ(f, 2.5e-3);
-    EXPECT_EQ(g, 150.0);
-    EXPECT_EQ(h, 7.0);
+    EXPECT_EQ(std::pair(a, b), std::pair(12, -3));
+    EXPECT_EQ((std::vector<double>{c, d, e, f, g, h}), (std::vector<double>{0.5, 5.0, 2.5e8, 2.5e-3, 150.0, 7.0}));
     EXPECT_EQ(s1, "word");
     EXPECT_EQ(s2, "two words");
     EXPECT_EQ(s3, "it''s");
@@ -64,14 +60,8 @@ TEST(ValueReader, ValuesThatDoNotConvertOrRunOutFail) {
     EXPECT_FALSE(ValueReader("1.5").read(i));  // a real is no integer
     EXPECT_EQ(i, 5);
     EXPECT_FALSE(ValueReader("3000000000").read(i));  // beyond 32 bits
-    EXPECT_FALSE(ValueReader("abc").read(x));
-    EXPECT_FALSE(ValueReader("1.0E").read(x));
-    EXPECT_FALSE(ValueReader("3*1.0").read(x));
-    EXPECT_FALSE(ValueReader("Infinity").read(x));
-    EXPECT_FALSE(ValueReader("NaN").read(x));
-    EXPECT_FALSE(ValueReader("1e999").read(x));
-    EXPECT_FALSE(ValueReader("   ").read(x));
-    EXPECT_FALSE(ValueReader("'open").read(x));
+    for (const char* bad : {"abc", "1.0E", "3*1.0", "Infinity", "NaN", "1e999", "   ", "'open"})
+        EXPECT_FALSE(ValueReader(bad).read(x)) << bad;
     int a = 0, b = 0;
     EXPECT_FALSE(ValueReader("1").read_all(a, b));
     EXPECT_TRUE(ValueReader("1 2 3 4").read_all(a, b));  // values beyond those asked are ignored
