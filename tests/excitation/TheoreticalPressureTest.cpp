@@ -6,10 +6,11 @@
 #include <cmath>
 #include <vector>
 
-#include "excitation/TheoreticalPressure.h"
+#include "PressureCurves.h"
 #include "base/Constants.h"
 
 namespace tp = qm::THEORETICALPRESSURE;
+using namespace qm::test;
 
 namespace {
 
@@ -20,62 +21,6 @@ constexpr double TWO_STROKE_TOLERANCE = 0.02;
 constexpr double FOUR_STROKE_TOLERANCE = 0.005;
 // The 90 % cap of the curve without combustion, in single precision.
 constexpr double MISFIRING_CAP = 0.8999999761581421;
-constexpr double BAR = 1.0e5;
-constexpr double UNTOUCHED = -7.0;  // sentinel in entries the routine must not write
-
-struct Engine {
-    bool misfiring = false;
-    int nstroke = 4;
-    double bore = 0.0, stroke = 0.0, lambda = 0.0, compratio = 0.0;
-    double pcharge = 0.0, tcharge = 0.0, speed = 0.0, power = 0.0;
-    double pmax = 0.0, pcomp = 0.0, compexp = 1.39, expaexp = 1.33;
-    double te = 0.0, me = 0.0, form = 0.0;
-    double ignition = 0.0, endofcomb = 0.0, exhaust = 0.0, inletstart = 0.0, inletclose = 0.0;
-};
-
-// A large crosshead two-stroke engine, 500 mm bore, 2 m stroke, 1.7 MW per cylinder at
-// 127 rpm: mean effective pressure about 20 bar.
-Engine two_stroke() {
-    Engine e;
-    e.nstroke = 2;
-    e.bore = 0.5; e.stroke = 2.0; e.lambda = 0.45; e.compratio = 20.0;
-    e.pcharge = 3.5 * BAR; e.tcharge = 40.0; e.speed = 127.0; e.power = 1.7e6;
-    e.pmax = 180.0 * BAR; e.pcomp = 150.0 * BAR;
-    e.te = 0.5; e.me = 0.95; e.form = 2.0;
-    e.ignition = -2.0; e.endofcomb = 60.0; e.exhaust = 110.0; e.inletstart = 140.0;
-    e.inletclose = 220.0;
-    return e;
-}
-
-// A medium-speed four-stroke engine, 320 mm bore, 400 mm stroke, 500 kW per cylinder at
-// 750 rpm: mean effective pressure about 25 bar.
-Engine four_stroke() {
-    Engine e;
-    e.nstroke = 4;
-    e.bore = 0.32; e.stroke = 0.4; e.lambda = 0.25; e.compratio = 15.0;
-    e.pcharge = 4.0 * BAR; e.tcharge = 45.0; e.speed = 750.0; e.power = 5.0e5;
-    e.pmax = 200.0 * BAR; e.pcomp = 160.0 * BAR;
-    e.te = 0.48; e.me = 0.94; e.form = 1.5;
-    e.ignition = -5.0; e.endofcomb = 50.0; e.exhaust = 130.0;
-    return e;
-}
-
-struct Result {
-    std::vector<double> curve = std::vector<double>(tp::CYLPRESSURES_SIZE, UNTOUCHED);
-    double mip = UNTOUCHED;
-    bool success = false;
-};
-
-Result run(const Engine& e, bool success_before = false) {
-    Result r;
-    r.success = success_before;
-    tp::CALCULATEDPRESSURE(e.misfiring, e.nstroke, e.bore, e.stroke, e.lambda, e.compratio,
-                           e.pcharge, e.tcharge, e.speed, e.power, e.pmax, e.pcomp, e.compexp,
-                           e.expaexp, e.te, e.me, e.form, e.ignition, e.endofcomb, e.exhaust,
-                           e.inletstart, e.inletclose, r.curve.data(), r.mip, r.success);
-    return r;
-}
-
 // Volume above the piston minus the clearance, at crank angle theta (degrees) from top
 // dead centre, by the slider-crank geometry.
 double swept(const Engine& e, double theta_deg) {
@@ -113,31 +58,31 @@ double displacement(const Engine& e) { return qm::PI / 4.0 * e.bore * e.bore * e
 }  // namespace
 
 TEST(TheoreticalPressure, RealisticEnginesMeetTheWantedWorkAndMaximumPressure) {
-    for (const Engine& e : {two_stroke(), four_stroke()}) {
+    for (const Engine& e : {TWO_STROKE, FOUR_STROKE}) {
         SCOPED_TRACE(e.nstroke == 2 ? "two-stroke" : "four-stroke");
         const double tol = e.nstroke == 2 ? TWO_STROKE_TOLERANCE : FOUR_STROKE_TOLERANCE;
         const int n = e.nstroke == 2 ? 360 : 720;
-        const Result r = run(e);
+        const Curve r = run(e);
         ASSERT_TRUE(r.success);
 
-        const double pmax = *std::max_element(r.curve.begin(), r.curve.begin() + n);
+        const double pmax = *std::max_element(r.p.begin(), r.p.begin() + n);
         EXPECT_NEAR(pmax, e.pmax + BAR, tol * (e.pmax + BAR));
         // The peak lies shortly after firing top dead centre (entry 181).
-        const int peak = static_cast<int>(std::max_element(r.curve.begin(), r.curve.begin() + n) -
-                                          r.curve.begin()) + 1;
+        const int peak = static_cast<int>(std::max_element(r.p.begin(), r.p.begin() + n) -
+                                          r.p.begin()) + 1;
         EXPECT_GT(peak, 181);
         EXPECT_LT(peak, 181 + 30);
 
-        const double w = indicated_work(e, r.curve);
+        const double w = indicated_work(e, r.p);
         EXPECT_NEAR(w, wanted_work(e), tol * wanted_work(e));
         // The mean indicated pressure is the wanted work over the displacement.
         EXPECT_NEAR(r.mip, wanted_work(e) / displacement(e), 1e-6 * r.mip);
 
         // Only the cycle's own entries are written.
-        for (int j = n; j < tp::CYLPRESSURES_SIZE; ++j) ASSERT_EQ(r.curve[j], UNTOUCHED) << j;
+        for (int j = n; j < tp::CYLPRESSURES_SIZE; ++j) ASSERT_EQ(r.p[j], UNTOUCHED) << j;
         // Compression starts from the charge air and the curve is positive throughout.
-        EXPECT_DOUBLE_EQ(r.curve[0], e.pcharge);
-        for (int j = 0; j < n; ++j) ASSERT_GT(r.curve[j], 0.0) << j;
+        EXPECT_DOUBLE_EQ(r.p[0], e.pcharge);
+        for (int j = 0; j < n; ++j) ASSERT_GT(r.p[j], 0.0) << j;
     }
 }
 
@@ -145,103 +90,101 @@ TEST(TheoreticalPressure, GasExchangeOfEachCycle) {
     {
         // Four-stroke: the exhaust stroke ends at charge pressure, the intake stroke
         // (after 360 degrees) stays there.
-        const Engine e = four_stroke();
-        const Result r = run(e);
-        EXPECT_NEAR(r.curve[181 + 360 - 1], e.pcharge, 1e-9 * e.pcharge);
-        for (int a = 361; a <= 539; ++a) EXPECT_EQ(r.curve[181 + a - 1], e.pcharge) << a;
+        const Engine e = FOUR_STROKE;
+        const Curve r = run(e);
+        EXPECT_NEAR(r.p[181 + 360 - 1], e.pcharge, 1e-9 * e.pcharge);
+        for (int a = 361; a <= 539; ++a) EXPECT_EQ(r.p[181 + a - 1], e.pcharge) << a;
         // Between exhaust opening and bottom dead centre the pressure falls steadily.
         for (int a = 132; a <= 180; ++a)
-            EXPECT_LE(r.curve[181 + a - 1], r.curve[181 + a - 2]) << a;
+            EXPECT_LE(r.p[181 + a - 1], r.p[181 + a - 2]) << a;
     }
     {
         // Two-stroke: charge pressure from the opening of the ports until they close.
-        const Engine e = two_stroke();
-        const Result r = run(e);
-        for (int a = 141; a <= 179; ++a) EXPECT_EQ(r.curve[181 + a - 1], e.pcharge) << a;
+        const Engine e = TWO_STROKE;
+        const Curve r = run(e);
+        for (int a = 141; a <= 179; ++a) EXPECT_EQ(r.p[181 + a - 1], e.pcharge) << a;
         // Compression starts where the ports close: the polytrope starts from the volume
         // one table entry on, so the closing degree itself is still at charge pressure.
-        for (int a = -180; a <= 220 - 360; ++a) EXPECT_EQ(r.curve[181 + a - 1], e.pcharge) << a;
-        EXPECT_GT(r.curve[181 + 220 - 360], e.pcharge);
+        for (int a = -180; a <= 220 - 360; ++a) EXPECT_EQ(r.p[181 + a - 1], e.pcharge) << a;
+        EXPECT_GT(r.p[181 + 220 - 360], e.pcharge);
     }
 }
 
 TEST(TheoreticalPressure, AnglesAreCutTowardsZero) {
-    Engine whole = four_stroke(), fraction = four_stroke(), earlier = four_stroke();
-    whole.ignition = -3.0;
-    fraction.ignition = -3.7;
-    earlier.ignition = -4.0;
-    fraction.endofcomb = 50.9;
-    fraction.exhaust = 130.5;
-    const Result rw = run(whole), rf = run(fraction), re = run(earlier);
-    EXPECT_EQ(rw.curve, rf.curve);
+    const Curve rw = run(with(FOUR_STROKE, [](Engine& e) { e.ignition = -3.0; }));
+    const Curve rf = run(with(FOUR_STROKE, [](Engine& e) {
+        e.ignition = -3.7;
+        e.endofcomb = 50.9;
+        e.exhaust = 130.5;
+    }));
+    const Curve re = run(with(FOUR_STROKE, [](Engine& e) { e.ignition = -4.0; }));
+    EXPECT_EQ(rw.p, rf.p);
     EXPECT_EQ(rw.mip, rf.mip);
-    EXPECT_NE(rw.curve, re.curve);
+    EXPECT_NE(rw.p, re.p);
 }
 
 TEST(TheoreticalPressure, CurveWithoutCombustion) {
-    for (Engine e : {two_stroke(), four_stroke()}) {
+    for (Engine e : {TWO_STROKE, FOUR_STROKE}) {
         SCOPED_TRACE(e.nstroke == 2 ? "two-stroke" : "four-stroke");
         const int n = e.nstroke == 2 ? 360 : 720;
-        e.misfiring = true;
-        const Result r = run(e);
+        e.misfiring = 1;
+        const Curve r = run(e);
         EXPECT_TRUE(r.success);
         EXPECT_NEAR(r.mip, wanted_work(e) / displacement(e), 1e-6 * r.mip);
         const double cap = MISFIRING_CAP * (e.pcomp + BAR);
-        for (int j = 0; j < n; ++j) ASSERT_LE(r.curve[j], cap) << j;
+        for (int j = 0; j < n; ++j) ASSERT_LE(r.p[j], cap) << j;
         // These engines compress above 90 % of the compression pressure, so the top of
         // the curve is the cap itself, reached at firing top dead centre.
-        EXPECT_EQ(r.curve[180], cap);
-        EXPECT_EQ(*std::max_element(r.curve.begin(), r.curve.begin() + n), cap);
+        EXPECT_EQ(r.p[180], cap);
+        EXPECT_EQ(*std::max_element(r.p.begin(), r.p.begin() + n), cap);
         // Expansion mirrors compression on the way down.
-        EXPECT_LT(r.curve[181 + 90 - 1], r.curve[181 + 10 - 1]);
+        EXPECT_LT(r.p[181 + 90 - 1], r.p[181 + 10 - 1]);
         if (e.nstroke == 4) {
-            for (int a = 181; a <= 539; ++a) ASSERT_LE(r.curve[181 + a - 1], e.pcharge) << a;
+            for (int a = 181; a <= 539; ++a) ASSERT_LE(r.p[181 + a - 1], e.pcharge) << a;
         }
-        for (int j = n; j < tp::CYLPRESSURES_SIZE; ++j) ASSERT_EQ(r.curve[j], UNTOUCHED) << j;
+        for (int j = n; j < tp::CYLPRESSURES_SIZE; ++j) ASSERT_EQ(r.p[j], UNTOUCHED) << j;
     }
     // The cap binds even far below the compression the geometry gives.
-    Engine low = four_stroke();
-    low.misfiring = true;
-    low.pcomp = 20.0 * BAR;
-    const Result r = run(low);
-    for (int j = 0; j < 720; ++j) ASSERT_LE(r.curve[j], MISFIRING_CAP * (low.pcomp + BAR)) << j;
+    const Engine low = with(FOUR_STROKE, [](Engine& e) { e.misfiring = 1; e.pcomp = 20.0 * BAR; });
+    const Curve r = run(low);
+    for (int j = 0; j < 720; ++j) ASSERT_LE(r.p[j], MISFIRING_CAP * (low.pcomp + BAR)) << j;
 }
 
 TEST(TheoreticalPressure, CompressionWithoutCombustionStartsAtInletClosingUnlessFourStroke) {
     // Four-stroke: compression starts at bottom dead centre, so the curve starts at the
     // charge air pressure. Any other stroke count starts where the inlet closes (220°,
     // a smaller volume), so the first point lies below it.
-    Engine e = four_stroke();
-    e.misfiring = true;
+    Engine e = FOUR_STROKE;
+    e.misfiring = 1;
     e.inletclose = 220.0;
-    EXPECT_DOUBLE_EQ(run(e).curve[0], e.pcharge);
+    EXPECT_DOUBLE_EQ(run(e).p[0], e.pcharge);
     e.nstroke = 3;
-    const Result three = run(e);
+    const Curve three = run(e);
     EXPECT_TRUE(three.success);
-    EXPECT_LT(three.curve[0], 0.99 * e.pcharge);
+    EXPECT_LT(three.p[0], 0.99 * e.pcharge);
     // An inlet closing outside the volume table is invalid timing, the curve untouched.
     e.inletclose = 720.0;
-    const Result outside = run(e, true);
+    const Curve outside = run(e, true);
     EXPECT_FALSE(outside.success);
-    EXPECT_EQ(outside.curve[0], UNTOUCHED);
+    EXPECT_EQ(outside.p[0], UNTOUCHED);
 }
 
 TEST(TheoreticalPressure, ZeroPower) {
     // A firing cylinder without power gets a zero curve over all 1000 entries; success
     // and the mean pressure are left as the caller had them.
-    Engine e = four_stroke();
+    Engine e = FOUR_STROKE;
     e.power = 0.0;
-    const Result firing = run(e, true);
+    const Curve firing = run(e, true);
     EXPECT_TRUE(firing.success);
     EXPECT_EQ(firing.mip, UNTOUCHED);
-    for (double p : firing.curve) ASSERT_EQ(p, 0.0);
+    for (double p : firing.p) ASSERT_EQ(p, 0.0);
 
     // The same cylinder misfiring gets its compression curve.
-    e.misfiring = true;
-    const Result misfiring = run(e);
+    e.misfiring = 1;
+    const Curve misfiring = run(e);
     EXPECT_TRUE(misfiring.success);
     EXPECT_EQ(misfiring.mip, 0.0);
-    EXPECT_GT(misfiring.curve[180], 10.0 * e.pcharge);
+    EXPECT_GT(misfiring.p[180], 10.0 * e.pcharge);
 }
 
 TEST(TheoreticalPressure, DataItCannotWorkWith) {
@@ -251,44 +194,22 @@ TEST(TheoreticalPressure, DataItCannotWorkWith) {
         bool curve_untouched;
         bool mip_set;
     };
-    std::vector<Case> cases;
-    {
-        Engine e = four_stroke();
-        e.pmax = -BAR;  // absolute maximum pressure of zero
-        cases.push_back({"zero absolute maximum pressure", e, true, false});
-    }
-    {
-        Engine e = four_stroke();
-        e.nstroke = 3;
-        cases.push_back({"three strokes", e, true, true});
-    }
-    {
-        Engine e = two_stroke();
-        e.inletstart = 100.0;  // ports open before the exhaust
-        cases.push_back({"inlet before exhaust", e, true, true});
-    }
-    {
-        Engine e = two_stroke();
-        e.inletclose = 130.0;  // ports close before they open
-        cases.push_back({"inlet closes before it opens", e, true, true});
-    }
-    {
-        Engine e = two_stroke();
-        e.inletclose = 400.0;  // beyond one revolution
-        cases.push_back({"inlet closes beyond a revolution", e, true, true});
-    }
-    {
-        Engine e = four_stroke();
-        e.pmax = 30.0 * BAR;  // maximum pressure far below the compression pressure
-        cases.push_back({"unreachable maximum pressure", e, false, true});
-    }
+    const Case cases[] = {
+        {"zero absolute maximum pressure", with(FOUR_STROKE, [](Engine& e) { e.pmax = -BAR; }), true, false},
+        {"three strokes", with(FOUR_STROKE, [](Engine& e) { e.nstroke = 3; }), true, true},
+        {"inlet before exhaust", with(TWO_STROKE, [](Engine& e) { e.inletstart = 100.0; }), true, true},
+        {"inlet closes before it opens", with(TWO_STROKE, [](Engine& e) { e.inletclose = 130.0; }), true, true},
+        {"inlet closes beyond a revolution", with(TWO_STROKE, [](Engine& e) { e.inletclose = 400.0; }), true, true},
+        // a maximum pressure far below the compression pressure
+        {"unreachable maximum pressure", with(FOUR_STROKE, [](Engine& e) { e.pmax = 30.0 * BAR; }), false, true},
+    };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        const Result r = run(c.engine, true);
+        const Curve r = run(c.engine, true);
         EXPECT_FALSE(r.success);
         EXPECT_EQ(r.mip != UNTOUCHED, c.mip_set);
         const bool untouched =
-            std::all_of(r.curve.begin(), r.curve.end(), [](double p) { return p == UNTOUCHED; });
+            std::all_of(r.p.begin(), r.p.end(), [](double p) { return p == UNTOUCHED; });
         EXPECT_EQ(untouched, c.curve_untouched);
     }
 }
