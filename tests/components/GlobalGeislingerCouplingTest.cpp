@@ -21,16 +21,9 @@ struct Case {
 GeislingerCouplingTable one_coupling(int dampingType = 0, int oilSupply = 0, int design = 0) {
     GeislingerCouplingTable table;
     table.allocate(1);
-    GeislingerCouplingRecord& c = table(1);
-    c.SHAFTNODE = 12;
-    c.STATICSTIFFNESS = 1.0e6;
-    c.CHARACTERISTICFREQUENCY = 100.0;
-    c.NOMINALTORQUE = 100000.0;
-    c.TORQUE = 50000.0;  // load ratio t = 0.5
-    c.SPEEDEXCITATION = 3000.0 / PI;
-    c.DAMPINGTYPE = dampingType;
-    c.OILSUPPLYTYPE = oilSupply;
-    c.DESIGNTYPE = design;
+    table(1) = {.SHAFTNODE = 12, .DAMPINGTYPE = dampingType, .OILSUPPLYTYPE = oilSupply, .DESIGNTYPE = design,
+                .NOMINALTORQUE = 100000.0, .STATICSTIFFNESS = 1.0e6, .CHARACTERISTICFREQUENCY = 100.0,
+                .SPEEDEXCITATION = 3000.0 / PI, .TORQUE = 50000.0};  // load ratio t = 0.5
     return table;
 }
 

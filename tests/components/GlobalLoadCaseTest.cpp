@@ -1,6 +1,8 @@
 // Load case tables: component lookup and counts, and the genset pressure lookup by offset.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "components/GlobalLoadCase.h"
 #include "components/GlobalLoadCaseGenset.h"
 
@@ -26,12 +28,10 @@ TEST(GlobalLoadCase, CountsAndLookupByTypeAndId) {
     table(5) = {18, 1};
     EXPECT_EQ(GET_LOADCASE_COMPONENTNUMBER(table), 5);
 
-    EXPECT_EQ(GET_LOADCASE_ICOMPONENT(table, 16, 2), 2);  // the lower of two equal rows
-    EXPECT_EQ(GET_LOADCASE_ICOMPONENT(table, 24, 2), 3);
-    EXPECT_EQ(GET_LOADCASE_ICOMPONENT(table, 18, 1), 5);
-    // Type matches a row but not the id; id 7 exists only with another type.
-    EXPECT_EQ(GET_LOADCASE_ICOMPONENT(table, 16, 7), 0);
-    EXPECT_EQ(GET_LOADCASE_ICOMPONENT(table, 15, 2), 0);
+    // The lower of two equal rows; a type that matches a row but not the id, an id that
+    // exists only with another type.
+    for (auto [type, id, row] : {std::tuple{16, 2, 2}, {24, 2, 3}, {18, 1, 5}, {16, 7, 0}, {15, 2, 0}})
+        EXPECT_EQ(GET_LOADCASE_ICOMPONENT(table, type, id), row) << type << " " << id;
 
     int dispatched = 0;  // 15..30 without 27 and 29
     for (int code = -1; code <= 40; ++code) dispatched += CODES::is_loadcase_component(code);

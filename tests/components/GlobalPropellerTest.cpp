@@ -92,62 +92,50 @@ PropellerTable schwanecke_propeller() {
 }
 
 TEST(GlobalPropeller, SchwaneckeDampingFactorsAndBossGuards) {
-    PropellerTable table = schwanecke_propeller();
-    PropellerRecord& p = table(1);
     // x = 5, s = 2: A = 2/40 + 2/300 - 2/375 + atan(2) * 0.125 = 0.18972692305759464
     // c = 4.270999908447266 * A * 5^5 * 1 * 0.5 * 100 = 126613.07359515129 (4.271: 126613.0763)
     constexpr double C = 126613.07359515129;
-    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), C);
-
-    // Fixed pitch ignores PITCHPERCENT; a controllable one at 100 % or more isn't scaled.
-    p.PITCHPERCENT = 0.8;
-    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), C);
-    p.ISFIXEDPITCH = false;
-    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 101290.45887612103);
-    p.PITCHPERCENT = 1.0;
-    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), C);
-    // Ducted: c * 1.2999999523162842; ducted and controllable at 80 %: both factors.
-    p.ISDUCTED = true;
-    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 164596.98963631486);
-    p.PITCHPERCENT = 0.8;
-    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 131677.5917090519);
-
-    // No boss: A -> atan(inf) * 0.125 = pi / 16; with DI = 2: 4.271 * pi/16 * 32 * 0.5 * 100.
-    p.ISDUCTED = false;
-    p.ISFIXEDPITCH = true;
-    p.DB = 0.0;
-    p.DI = 2.0;
-    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 1341.7741935860608);
-    // Boss as large as the propeller or larger: no blade, no damping.
-    p.DB = 2.0;
-    EXPECT_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 0.0);
-    // Nothing at all: zero, not NaN.
-    p.DB = 0.0;
-    p.DI = 0.0;
-    EXPECT_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), 0.0);
+    struct Case {
+        double pitch_percent;
+        bool fixed_pitch, ducted;
+        double db, di, expected;
+    };
+    const Case cases[] = {
+        {0.8, true, false, 1.0, 5.0, C},                  // fixed pitch ignores PITCHPERCENT
+        {0.8, false, false, 1.0, 5.0, 101290.45887612103},  // controllable at 80 %
+        {1.0, false, false, 1.0, 5.0, C},                 // at 100 % or more not scaled
+        {1.0, false, true, 1.0, 5.0, 164596.98963631486},   // ducted: c * 1.2999999523162842
+        {0.8, false, true, 1.0, 5.0, 131677.5917090519},    // both factors
+        // No boss: A -> atan(inf) * 0.125 = pi / 16; with DI = 2: 4.271 * pi/16 * 32 * 0.5 * 100.
+        {1.0, true, false, 0.0, 2.0, 1341.7741935860608},
+        {1.0, true, false, 2.0, 2.0, 0.0},  // boss as large as the propeller: no blade, no damping
+        {1.0, true, false, 0.0, 0.0, 0.0},  // nothing at all: zero, not NaN
+    };
+    for (const Case& c : cases) {
+        PropellerTable table = schwanecke_propeller();
+        PropellerRecord& p = table(1);
+        p.PITCHPERCENT = c.pitch_percent;
+        p.ISFIXEDPITCH = c.fixed_pitch;
+        p.ISDUCTED = c.ducted;
+        p.DB = c.db;
+        p.DI = c.di;
+        EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), c.expected)
+            << c.pitch_percent << " " << c.fixed_pitch << " " << c.ducted << " " << c.db << " " << c.di;
+    }
 }
 
 TEST(GlobalPropeller, ArcherFrahmAndManualDamping) {
+    // 60 rpm is 2 pi rad/s; I = 3000 + 1000; V = 20.
     PropellerTable table = one_propeller();
     PropellerRecord& p = table(1);
-    p.SPEED = 80.0;
-    p.TORQUE = 1e5;
-    p.ARCHERNUMBER = 30.0;
+    p = {.MCRSPEED = 100.0, .MCRTORQUE = 9549.29631978034, .SPEED = 80.0, .TORQUE = 1e5, .INERTIAAIR = 3000.0,
+         .INERTIAWATER = 1000.0, .ARCHERNUMBER = 30.0, .FRAHMNUMBER = 2.0, .DYNMAGNIFIER = 20.0};
     EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_ARCHERDAMPING(table, 1), 37500.0);  // 30 * 1e5 / 80
-
     // k = 91.25 * (9549.29631978034 / 9.54929631978034) / 100^2 = 9.125; 2 * k * 80 = 1460.
     // With 30 / pi in full precision it would be 1459.99996.
-    p.MCRTORQUE = 9549.29631978034;
-    p.MCRSPEED = 100.0;
-    p.FRAHMNUMBER = 2.0;
     EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_FRAHMDAMPING(table, 1), 1460.0);
-
-    // I = 3000 + 1000, 60 rpm is 2 pi rad/s, V = 20: 4000 * 2 pi / 20
     p.SPEED = 60.0;
-    p.INERTIAAIR = 3000.0;
-    p.INERTIAWATER = 1000.0;
-    p.DYNMAGNIFIER = 20.0;
-    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_MANUALDAMPING(table, 1), 1256.637061435917);
+    EXPECT_DOUBLE_EQ(CALCULATE_PROPELLER_MANUALDAMPING(table, 1), 1256.637061435917);  // 4000 * 2 pi / 20
 
     // Guards: no magnifier, standstill, no rated speed.
     p.DYNMAGNIFIER = 0.0;
@@ -217,12 +205,10 @@ TEST(GlobalPropeller, LoadCaseSettingRunsTheChosenModel) {
     p.MCRTORQUE = 9549.29631978034;
     p.FRAHMNUMBER = 2.0;
     p.INERTIAAIR = 4000.0;
-    p.DYNMAGNIFIER = 20.0;
     p.DYNMAGNIFIERFORKNUCKLEPOINT = 10.0;
-    const double model[] = {CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1),
-                            CALCULATE_PROPELLER_ARCHERDAMPING(table, 1),
-                            CALCULATE_PROPELLER_FRAHMDAMPING(table, 1),
-                            CALCULATE_PROPELLER_MANUALDAMPING(table, 1),
+    p.DYNMAGNIFIER = 20.0;
+    const double model[] = {CALCULATE_PROPELLER_SCHWANECHEDAMPING(table, 1), CALCULATE_PROPELLER_ARCHERDAMPING(table, 1),
+                            CALCULATE_PROPELLER_FRAHMDAMPING(table, 1), CALCULATE_PROPELLER_MANUALDAMPING(table, 1),
                             CALCULATE_PROPELLER_VARIABLEDAMPING(table, 1)};
     for (int method = -1; method <= 6; ++method) {
         p.DYNMAGNIFIER = 20.0;  // the variable model overwrites it

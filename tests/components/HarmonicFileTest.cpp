@@ -69,19 +69,19 @@ TEST(HarmonicFile, EngineFileIsReadAndConvertedToSI) {
     EXPECT_TRUE(d.MISFIRINGCOSINE.empty());  // no misfiring file named
 }
 
-TEST(HarmonicFile, TheExampleEngineFileLoads) {
-    test::ScratchDir dir;
-    RunContext ctx = test::run_in(dir.str());
+TEST(HarmonicFile, TheExampleEngineFileLoadsAndABlankNameIsPassedOver) {
     DieselTable t;
     t.allocate(1);
     t(1).MISHARMONICFILE = std::string(QM_EXAMPLES_DIR) + "/geared-four-stroke/harmonics-misfire.txt";
     bool ok = false;
+    test::ScratchDir dir;
+    RunContext ctx = test::run_in(dir.str());
     GLOBAL_DIESEL::LOADORVANTISFILE(ctx, t, ok);
     EXPECT_TRUE(ok);
     EXPECT_EQ(t(1).NHARMONICORDERMIS, 24);
     EXPECT_EQ(t(1).NMEANINDICATEDPRESSUREMIS, 5);
     EXPECT_EQ(t(1).HARMONICORDER[23], 12.0);
-    EXPECT_EQ(t(1).NHARMONICORDER, 0);  // a blank normal-firing file is passed over
+    EXPECT_EQ(t(1).NHARMONICORDER, 0);
 }
 
 TEST(HarmonicFile, LimitsOfOrdersAndPressures) {
