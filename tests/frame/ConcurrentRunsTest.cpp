@@ -60,7 +60,7 @@ TEST_P(ConcurrentRuns, TwoModelsInTwoThreadsGiveTheFilesOfTwoSerialRuns) {
 }
 
 INSTANTIATE_TEST_SUITE_P(StaticAndShared, ConcurrentRuns, ::testing::Bool(),
-                         [](const auto& info) { return info.param ? "SharedLibrary" : "LinkedIn"; });
+                         [](const auto& info) { return info.param ? "SharedLibrary" : "StaticLibrary"; });
 
 }  // namespace
 }  // namespace qm
