@@ -1,8 +1,10 @@
+// Harmonic files of engines and reciprocating pumps: reading, conversion to SI, the limits
+// and the messages of lines that do not read.
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "../TestSupport.h"
+#include "SideFile.h"
 #include "components/DieselHarmonicFile.h"
 #include "components/ReciprocatingPumpFile.h"
 #include "base/Constants.h"
@@ -32,28 +34,18 @@ std::string harmonic_file(int n, int m, const std::string& line3_label = "MIP=",
     return text;
 }
 
-struct Engine {
-    test::ScratchDir dir;
+// An engine whose normal-firing harmonic file is `text`, loaded.
+struct Engine : test::SideFile {
     DieselTable table;
     bool ok = false;
     std::vector<std::string> log;
-    explicit Engine(const std::string& normal, const std::string& misfiring = "") {
-        RunContext ctx = test::run_in(dir.str());
+    explicit Engine(const std::string& text) {
         table.allocate(1);
-        if (!normal.empty()) {
-            test::write_file(dir / "normal.txt", normal);
-            table(1).NORMALHARMONICFILE = (dir / "normal.txt").string();
-        }
-        if (!misfiring.empty()) {
-            test::write_file(dir / "mis.txt", misfiring);
-            table(1).MISHARMONICFILE = (dir / "mis.txt").string();
-        }
+        table(1).NORMALHARMONICFILE = write("normal.txt", text);
         GLOBAL_DIESEL::LOADORVANTISFILE(ctx, table, ok);
-        log = test::read_lines(dir / "Quillmark.log");
+        log = test::SideFile::log();
     }
-    std::string error(int line) const {
-        return "Error occurs when reading " + (dir / "normal.txt").string() + " in line " + std::to_string(line);
-    }
+    std::string error(int line) const { return test::SideFile::error("normal.txt", line); }
 };
 
 TEST(HarmonicFile, EngineFileIsReadAndConvertedToSI) {
@@ -70,13 +62,12 @@ TEST(HarmonicFile, EngineFileIsReadAndConvertedToSI) {
 }
 
 TEST(HarmonicFile, TheExampleEngineFileLoadsAndABlankNameIsPassedOver) {
+    test::SideFile files;
     DieselTable t;
     t.allocate(1);
     t(1).MISHARMONICFILE = std::string(QM_EXAMPLES_DIR) + "/geared-four-stroke/harmonics-misfire.txt";
     bool ok = false;
-    test::ScratchDir dir;
-    RunContext ctx = test::run_in(dir.str());
-    GLOBAL_DIESEL::LOADORVANTISFILE(ctx, t, ok);
+    GLOBAL_DIESEL::LOADORVANTISFILE(files.ctx, t, ok);
     EXPECT_TRUE(ok);
     EXPECT_EQ(t(1).NHARMONICORDERMIS, 24);
     EXPECT_EQ(t(1).NMEANINDICATEDPRESSUREMIS, 5);
@@ -109,23 +100,20 @@ TEST(HarmonicFile, KeywordSearchFailuresEndWithFileAndLine) {
 }
 
 TEST(HarmonicFile, PumpFileHasALongerLabelAndSpeedPercentages) {
-    test::ScratchDir dir;
-    RunContext ctx = test::run_in(dir.str());
-    test::write_file(dir / "pump.txt", harmonic_file(2, 3, "SPEEDPERCENTAGE:"));
+    test::SideFile files;
     ReciprocatingPumpTable t;
     t.allocate(2);
-    t(2).PUMPHARMONICFILE = (dir / "pump.txt").string();
+    t(2).PUMPHARMONICFILE = files.write("pump.txt", harmonic_file(2, 3, "SPEEDPERCENTAGE:"));
     bool ok = false;
-    GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(ctx, t, ok);
+    GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(files.ctx, t, ok);
     ASSERT_TRUE(ok);
     EXPECT_EQ(t(2).NSPEEDPERCENTAGE, 3);
     EXPECT_EQ(t(2).SPEEDPERCENTAGES[2], 15.0);  // as it stands
     EXPECT_EQ(t(2).NORMALSINE[5], 2.03 * 1000000.0);
-    test::write_file(dir / "pump.txt", harmonic_file(1, 101, "SPEEDPERCENTAGE:"));
-    GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(ctx, t, ok);
+    files.write("pump.txt", harmonic_file(1, 101, "SPEEDPERCENTAGE:"));
+    GLOBAL_RECIPROCATINGPUMP::LOADORVANTISPUMPFILE(files.ctx, t, ok);
     EXPECT_FALSE(ok);
-    EXPECT_EQ(test::read_lines(dir / "Quillmark.log").back(),
-              "Number of speed percentage exceeds the max allowable number");
+    EXPECT_EQ(files.log().back(), "Number of speed percentage exceeds the max allowable number");
 }
 
 }  // namespace

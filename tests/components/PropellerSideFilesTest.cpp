@@ -1,21 +1,16 @@
+// Side files of a propeller: the ice excitation table and the entrained water per load case.
 #include <gtest/gtest.h>
 
-#include "../TestSupport.h"
+#include "SideFile.h"
 #include "components/PropellerSideFiles.h"
 
 namespace qm::GLOBAL_PROPELLER {
 namespace {
 
-struct Propeller {
-    test::ScratchDir dir;
+struct Propeller : test::SideFile {
     PropellerTable table;
     bool ok = false;
-    RunContext ctx = test::run_in(dir.str());
     Propeller() { table.allocate(1); }
-    std::vector<std::string> log() const { return test::read_lines(dir / "Quillmark.log"); }
-    std::string error(const char* file, int line) const {
-        return "Error occurs when reading " + (dir / file).string() + " in line " + std::to_string(line);
-    }
 };
 
 // Ice file of a four-blade propeller with two speed ratios: n = 17 rows, row k holding
@@ -37,11 +32,10 @@ std::string ice_file(int cut_after_line = 0) {
 
 TEST(PropellerSideFiles, IceFileOfAFourBladePropellerLineByLine) {
     Propeller p;
-    test::write_file(p.dir / "ice.txt", ice_file());
     PropellerRecord& r = p.table(1);
     r.NBLADE = 4;
     r.NSPEEDRATIO = 2;
-    r.EXCITATIONFILE = (p.dir / "ice.txt").string();
+    r.EXCITATIONFILE = p.write("ice.txt", ice_file());
     LOAD_PROPELLER_EXCITATIONFILE(p.ctx, p.table, 1, p.ok);
     ASSERT_TRUE(p.ok) << p.log().front();
     EXPECT_EQ(r.SPEEDRATIO[1], 1.0);
@@ -53,9 +47,8 @@ TEST(PropellerSideFiles, IceFileOfAFourBladePropellerLineByLine) {
     EXPECT_EQ(r.ICEHARMONICORDER[16], 16.0);
 
     Propeller cut;
-    test::write_file(cut.dir / "ice.txt", ice_file(40));
     cut.table(1) = r;
-    cut.table(1).EXCITATIONFILE = (cut.dir / "ice.txt").string();
+    cut.table(1).EXCITATIONFILE = cut.write("ice.txt", ice_file(40));
     LOAD_PROPELLER_EXCITATIONFILE(cut.ctx, cut.table, 1, cut.ok);
     EXPECT_FALSE(cut.ok);
     EXPECT_EQ(cut.log(), std::vector<std::string>{cut.error("ice.txt", 41)});
@@ -65,8 +58,7 @@ TEST(PropellerSideFiles, EntrainedWaterOneLinePerLoadCase) {
     Propeller p;
     PropellerRecord& r = p.table(1);
     r.NLOADCASE = 3;
-    r.VARIABLEENTRAINEDWATERFILE = (p.dir / "water.txt").string();
-    test::write_file(p.dir / "water.txt", "LC1 1500\n2 1600,5\nfull 1700\nextra 1800\n");
+    r.VARIABLEENTRAINEDWATERFILE = p.write("water.txt", "LC1 1500\n2 1600,5\nfull 1700\nextra 1800\n");
     LOAD_PROPELLER_VARIABLEENTRAINEDWATERFILE(p.ctx, p.table, 1, p.ok);
     ASSERT_TRUE(p.ok);
     EXPECT_EQ(r.VARIABLEENTRAINEDWATERTABLE, (std::vector<double>{1500.0, 1600.5, 1700.0}));

@@ -1,28 +1,25 @@
+// Custom damping file of the viscous damper: two or three columns, rows that do not read,
+// and the interpolation over frequency.
 #include <gtest/gtest.h>
 
-#include "../TestSupport.h"
+#include "SideFile.h"
 #include "components/ViscousDamperCustomDamping.h"
 
 namespace qm::GLOBAL_VISCOUSDAMPER {
 namespace {
 
-struct DamperFile {
-    test::ScratchDir dir;
+// A damper whose custom damping file is `text`, loaded.
+struct DamperFile : test::SideFile {
     ViscousDamperTable table;
     bool ok = false;
     std::vector<std::string> log;
-
     explicit DamperFile(const std::string& text) {
-        RunContext ctx = test::run_in(dir.str());
-        test::write_file(dir / "damping.txt", text);
         table.allocate(1);
-        table(1).CUSTOMDAMPINGFILE = (dir / "damping.txt").string();
+        table(1).CUSTOMDAMPINGFILE = write("damping.txt", text);
         LOADCUSTOMDAMPINGFILE(ctx, table, 1, ok);
-        log = test::read_lines(dir / "Quillmark.log");
+        log = test::SideFile::log();
     }
-    std::string error(int line) const {
-        return "Error occurs when reading " + (dir / "damping.txt").string() + " in line " + std::to_string(line);
-    }
+    std::string error(int line) const { return test::SideFile::error("damping.txt", line); }
 };
 
 TEST(ViscousDamperCustomDamping, TheHeaderChoosesTwoOrThreeColumns) {
