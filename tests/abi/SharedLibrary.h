@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "quillmark/quillmark.h"
+
 namespace qm::test {
 
 // A symbol of the shared library, nullptr when the library or the symbol is missing.
@@ -17,8 +19,7 @@ F shared_symbol(const char* name) {
     return handle == nullptr ? nullptr : reinterpret_cast<F>(dlsym(handle, name));
 }
 
-using Solver = void (*)(const int32_t*, const int32_t*, const int32_t*, const int32_t*, const int32_t*,
-                        const int32_t*, int32_t*, const int32_t*);
+using Solver = decltype(&QUILLMARKSOLVER);
 
 // Calls the entry with the three texts as character codes, `high` added to every code, and
 // returns ISINPUTVALID (99 when the entry cannot be found).

@@ -10,27 +10,18 @@
 #include "PressureCurves.h"
 #include "base/Constants.h"
 #include "components/EngineFunctions.h"
+#include "quillmark/quillmark.h"
 
 namespace {
 
 using namespace qm::test;
 
-using TheoreticalCylinderPressure = void (*)(
-    const double*, const double*, const int32_t*, const int32_t*, const double*, const double*,
-    const double*, const double*, const double*, const double*, const double*, const double*,
-    const double*, const double*, const double*, const double*, const double*, const double*,
-    const double*, const double*, const double*, const double*, const double*, const double*,
-    double*, double*);
-using Success = void (*)(int32_t*);
-using PressureToHarmonic = void (*)(const int32_t*, const int32_t*, double*, const double*,
-                                    const double*, double*, double*);
-using MassCoefficients = void (*)(const int32_t*, const int32_t*, double*, const double*,
-                                  const double*);
-using TangentialRadialForce = void (*)(const double*, const double*, const double*,
-                                       const double*, const double*, const double*,
-                                       const double*, const double*, const int32_t*,
-                                       const double*, const double*, double*, double*, double*,
-                                       double*, double*, double*);
+// The signatures of the public header, looked up in the shared library by name.
+using TheoreticalCylinderPressure = decltype(&THEORETICALCYLINDERPRESSURE);
+using Success = decltype(&THEORETICALCYLINDERPRESSURESUCCESS);
+using PressureToHarmonic = decltype(&CYLINDERPRESSURETOHARMONIC);
+using MassCoefficients = decltype(&OSCILLATINGMASSFOURIERCOEFFICIENTS);
+using TangentialRadialForce = decltype(&CALCULATETANGENTIALRADIALFORCE);
 
 // Sums over 360 points of terms of order 1: a few hundred ulps at most.
 constexpr double SUM_TOLERANCE = 1e-13;
