@@ -29,9 +29,7 @@ TEST(SectionsDampersCouplings, DampersFillTheirRecordsAndMarkInertiasAndTheirSpr
     // A relative name starts at the model's folder; its comma has become a period.
     EXPECT_EQ(v.CUSTOMDAMPINGFILE, "dampers/damper.1.txt");
     EXPECT_EQ(v.SIDEFILEDIR, m.dir.str());
-    EXPECT_EQ(m.tables.MASS_TABLE(1).MASSTYPE, 4);
-    EXPECT_EQ(m.tables.MASS_TABLE(1).COMPONENTTYPE, 21);
-    EXPECT_EQ(m.tables.MASS_TABLE(1).COMPONENTID, 5);
+    EXPECT_EQ(test::mark(m.tables, 1), (test::Mark{21, 4, 5}));
     EXPECT_EQ(m.tables.SHAFT_TABLE(1).SHAFTTYPE, 12);
 
     const RubberDamperRecord& r = m.tables.RUBBERDAMPER_TABLE(1);

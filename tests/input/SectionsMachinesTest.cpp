@@ -82,15 +82,8 @@ TEST(MachineSections, SmallMachinesFillTheirRecordsAndMarkTheirInertias) {
 
     // Inertia, its component code and mass code, the owner's ID; node 99 of the second gas
     // turbine is not in the model and is passed over.
-    const std::array<std::array<int, 3>, 5> marks = {
-        {{17, 17, 7}, {18, 18, 8}, {28, 28, 9}, {19, 19, 10}, {20, 20, 11}}};
-    for (int row = 1; row <= 5; ++row) {
-        const MassRecord& mass = m.tables.MASS_TABLE(row);
-        const auto& mark = marks[static_cast<std::size_t>(row - 1)];
-        EXPECT_EQ(mass.COMPONENTTYPE, mark[0]) << row;
-        EXPECT_EQ(mass.MASSTYPE, mark[1]) << row;
-        EXPECT_EQ(mass.COMPONENTID, mark[2]) << row;
-    }
+    const test::Mark marks[] = {{17, 17, 7}, {18, 18, 8}, {28, 28, 9}, {19, 19, 10}, {20, 20, 11}};
+    for (int row = 1; row <= 5; ++row) EXPECT_EQ(test::mark(m.tables, row), marks[row - 1]) << row;
 }
 
 TEST(DieselSection, InLineEngineWithTheoreticalPressureAndFormulaDamping) {
@@ -115,12 +108,8 @@ TEST(DieselSection, InLineEngineWithTheoreticalPressureAndFormulaDamping) {
     EXPECT_EQ(e.CYLABSDAMPING, 0.5);
     EXPECT_EQ(e.EXPCRANKRELDAMPING, 2.5);
 
-    for (int row : {1, 2}) {
-        EXPECT_EQ(m.tables.MASS_TABLE(row).COMPONENTTYPE, 15);
-        EXPECT_EQ(m.tables.MASS_TABLE(row).MASSTYPE, 2);
-        EXPECT_EQ(m.tables.MASS_TABLE(row).COMPONENTID, 1);
-    }
-    EXPECT_EQ(m.tables.MASS_TABLE(3).MASSTYPE, 1);  // not a cylinder
+    for (int row : {1, 2}) EXPECT_EQ(test::mark(m.tables, row), (test::Mark{15, 2, 1}));
+    EXPECT_EQ(test::mark(m.tables, 3), (test::Mark{1, 1, 13}));  // not a cylinder
 }
 
 TEST(DieselSection, BanksAndVAngleFollowIsVengine) {
@@ -226,11 +215,7 @@ TEST(ReciprocatingPumpSection, SimplifiedPressureOppositePump) {
     EXPECT_EQ(p.RECIPROCATINGPUMPORDER, (std::array<double, 4>{1, 2, 0, 0}));
     EXPECT_EQ(p.RECIPROCATINGPUMPTORQUEPERCENT, (std::array<double, 4>{0.1, 0.05, 0, 0}));
     EXPECT_EQ(p.VANGLE, 180.0);
-    for (int row : {1, 2}) {
-        EXPECT_EQ(m.tables.MASS_TABLE(row).COMPONENTTYPE, 30);
-        EXPECT_EQ(m.tables.MASS_TABLE(row).MASSTYPE, 29);
-        EXPECT_EQ(m.tables.MASS_TABLE(row).COMPONENTID, 4);
-    }
+    for (int row : {1, 2}) EXPECT_EQ(test::mark(m.tables, row), (test::Mark{30, 29, 4}));
 }
 
 TEST(ReciprocatingPumpSection, HarmonicFileAndSideBOnlyWhenOpposite) {
@@ -265,10 +250,8 @@ TEST(PropellerSection, FieldsUnitsAndMark) {
     EXPECT_TRUE(p.CONSIDERPHASEANGLE);
     EXPECT_FALSE(p.ISVARIABLEENTRAINEDWATER);
     EXPECT_FALSE(p.HASICEEXCITATION);
-    EXPECT_EQ(m.tables.MASS_TABLE(2).COMPONENTTYPE, 16);
-    EXPECT_EQ(m.tables.MASS_TABLE(2).MASSTYPE, 16);
-    EXPECT_EQ(m.tables.MASS_TABLE(2).COMPONENTID, 3);
-    EXPECT_EQ(m.tables.MASS_TABLE(1).MASSTYPE, 1);
+    EXPECT_EQ(test::mark(m.tables, 2), (test::Mark{16, 16, 3}));
+    EXPECT_EQ(test::mark(m.tables, 1), (test::Mark{1, 1, 11}));
 }
 
 TEST(PropellerSection, DampingWordsInAnyCaseAndAnUnknownWordCarriesTheMethodBefore) {

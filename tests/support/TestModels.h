@@ -2,6 +2,7 @@
 // and read through the input reader with a scratch folder as result directory.
 #pragma once
 
+#include <array>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -190,6 +191,13 @@ struct ReadModel {
         log = read_lines(dir / "Quillmark.log");
     }
 };
+
+// How the reader marked an inertia row: component code, mass code, owner's ID.
+inline std::array<int, 3> mark(const ModelTables& t, int row) {
+    const MassRecord& m = t.MASS_TABLE(row);
+    return {m.COMPONENTTYPE, m.MASSTYPE, m.COMPONENTID};
+}
+using Mark = std::array<int, 3>;
 
 // A whole run of the model text as "model.qmk" in `dir`, which is also the result directory;
 // the entry's return value.
