@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 #include "base/ComponentCodes.h"
 #include "base/Constants.h"
@@ -101,23 +100,6 @@ TEST(ShaftResults, DampingTorqueOfDampersAndCouplingsOnly) {
     // Order place 2 has order 0: no damping is evaluated there and the torque is zero.
     EXPECT_EQ(std::vector<double>(r.AMP.begin() + 3, r.AMP.end()), std::vector<double>(3, 0.0));
     EXPECT_EQ(std::vector<double>(r.RE.begin() + 3, r.RE.end()), std::vector<double>(3, 0.0));
-}
-
-TEST(ShaftResults, NominalTorqueFromShaftPower) {
-    ModelTables t = test::chain(3, 10.0, 1.0e6);
-    t.SHAFT_TABLE(1).SPEED = 100.0;
-    t.SHAFT_TABLE(2).SPEED = 0.0;
-    Array2D<double> power;
-    power.allocate(2, 2);
-    power(1, 2) = 5.0e5;
-    power(2, 2) = 1.0e3;
-    std::vector<double> NOMTORQUE;
-    SINGLELOADCASENOMINALTORQUE(t, power, 2, NOMTORQUE);
-    ASSERT_EQ(NOMTORQUE.size(), 2U);
-    EXPECT_EQ(NOMTORQUE[0], 5.0e5 / (100.0 * PI / 30.0));
-    EXPECT_EQ(NOMTORQUE[1], std::numeric_limits<double>::infinity());  // a standstill is not guarded
-    SINGLELOADCASENOMINALTORQUE(t, power, 1, NOMTORQUE);
-    EXPECT_EQ(NOMTORQUE[0], 0.0);
 }
 
 }  // namespace
