@@ -56,14 +56,6 @@ struct Model {
         s.COMPONENTID = componentid == 0 ? row : componentid;
         return *this;
     }
-    // Inertias `ids` of `inertia` each, joined one after the other by shafts of stiffness k.
-    Model& line(const std::vector<int>& ids, double inertia, double k) {
-        for (std::size_t i = 0; i < ids.size(); ++i) {
-            mass(ids[i], inertia);
-            if (i > 0) shaft(ids[i - 1], ids[i], k);
-        }
-        return *this;
-    }
     // A viscous damper `id`: its casing and ring inertias (casing keeps half the ring in the
     // free calculation) joined by the damper's spring of stiffness k.
     Model& viscous_damper(int id, int casing, double casingInertia, int ring, double ringInertia, double k) {
@@ -100,9 +92,10 @@ struct Model {
 
 // n inertias (IDs 1..n) on n-1 shafts of stiffness k, ratio 1 everywhere.
 inline ModelTables chain(int n, double inertia = 10.0, double k = 1.0e6) {
-    std::vector<int> ids;
-    for (int i = 1; i <= n; ++i) ids.push_back(i);
-    return std::move(Model().line(ids, inertia, k).t);
+    Model m;
+    for (int i = 1; i <= n; ++i) m.mass(i, inertia);
+    for (int i = 1; i < n; ++i) m.shaft(i, i + 1, k);
+    return std::move(m.t);
 }
 
 // A Geislinger coupling on shaft row `shaft` (ID = row), damped through its magnifier.
@@ -149,7 +142,6 @@ struct ModelText {
         if (!text.empty() && text.back() != '\n') text += '\n';
         return *this;
     }
-    ModelText& add(const Lines& lines) { return add(joined(lines)); }
     operator std::string() const { return text; }
 
     template <class T>
