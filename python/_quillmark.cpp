@@ -34,8 +34,9 @@ std::vector<std::int32_t> codes(const std::string& text) {
 }
 
 // One calculation through the exported entry, as a host program makes it. The result
-// directory is created when missing; the library itself never creates it.
-py::tuple run(const std::string& model, const std::string& result_dir, int calculation_type) {
+// directory is created when missing; the library itself never creates it. `threads` works
+// the forced load cases (0 the machine's cores).
+py::tuple run(const std::string& model, const std::string& result_dir, int calculation_type, int threads) {
     std::error_code ec;
     if (!fs::is_regular_file(model, ec)) throw qm::RESULTS::ResultError("model file " + model + " is missing");
     fs::create_directories(result_dir, ec);
@@ -50,10 +51,11 @@ py::tuple run(const std::string& model, const std::string& result_dir, int calcu
     const auto result_length = static_cast<std::int32_t>(result.size());
     std::int32_t valid = 0;
     const std::int32_t type = calculation_type;
+    const std::int32_t nthreads = threads;
     {
         py::gil_scoped_release free_the_interpreter;
-        QUILLMARKSOLVER(dir.data(), &dir_length, name.data(), &name_length, result.data(), &result_length, &valid,
-                        &type);
+        QUILLMARKSOLVERTHREADS(dir.data(), &dir_length, name.data(), &name_length, result.data(), &result_length,
+                               &valid, &type, &nthreads);
     }
     const fs::path log = fs::path(result_dir) / "Quillmark.log";
     if (!fs::exists(log, ec))
@@ -150,7 +152,7 @@ PYBIND11_MODULE(_quillmark, m) {
     });
 
     m.def("run", &run, py::arg("model"), py::arg("result_dir"), py::arg("calculation_type") = 1,
-          "Runs a calculation; returns (valid, log lines).");
+          py::arg("threads") = 0, "Runs a calculation; returns (valid, log lines).");
 
     py::class_<Results, std::shared_ptr<Results>>(m, "Results")
         .def_property_readonly("title", [](const Results& r) { return r.model.title; })

@@ -11,8 +11,13 @@
  * (result directory, log, tables) to itself, so calls running together give exactly the
  * files each gives alone, provided each has a result directory of its own: two calls
  * writing into one directory at the same time overwrite each other's files. The success
- * flag of the pressure curve is that of the last curve of the calling thread. Nothing is
- * locked; the library holds no state shared between calls.
+ * flag of the pressure curve is that of the last curve of the calling thread. The library
+ * holds no state shared between calls.
+ *
+ * The forced calculation runs its load cases on worker threads that the call starts and
+ * joins before it returns: QUILLMARKSOLVER on as many as the machine has cores,
+ * QUILLMARKSOLVERTHREADS on as many as the host allows. The files and the log are the same
+ * whatever the number of threads.
  */
 #ifndef QUILLMARK_QUILLMARK_H
 #define QUILLMARK_QUILLMARK_H
@@ -57,6 +62,25 @@ QUILLMARK_API void QUILLMARKSOLVER(const int32_t* INPUTFILEDIRARRAY,
                                    const int32_t* RESULTFILEDIRLENGTH,
                                    int32_t* ISINPUTVALID,
                                    const int32_t* CALCULATIONTYPE);
+
+/*
+ * QUILLMARKSOLVERTHREADS: QUILLMARKSOLVER with the number of threads of the forced
+ * calculation chosen by the host.
+ *
+ *  (the first eight arguments as for QUILLMARKSOLVER)
+ *  THREADS             [in]  at most this many threads work on the load cases at once; 1 runs
+ *                            them all on the calling thread; 0 or less, or a null pointer, takes
+ *                            the machine's cores. Never more than the load cases, nor 64.
+ */
+QUILLMARK_API void QUILLMARKSOLVERTHREADS(const int32_t* INPUTFILEDIRARRAY,
+                                          const int32_t* INPUTFILEDIRLENGTH,
+                                          const int32_t* INPUTFILENAMEARRAY,
+                                          const int32_t* INPUTFILENAMELENGTH,
+                                          const int32_t* RESULTFILEDIRARRAY,
+                                          const int32_t* RESULTFILEDIRLENGTH,
+                                          int32_t* ISINPUTVALID,
+                                          const int32_t* CALCULATIONTYPE,
+                                          const int32_t* THREADS);
 
 /*
  * Single-cylinder functions. They work on one cylinder without a calculation run: they

@@ -27,15 +27,17 @@ PressureCurve.__doc__ = ("Pressure over one working cycle: crank angle in degree
                          "converged.")
 
 
-def run(model, result_dir, calculation_type=1):
+def run(model, result_dir, calculation_type=1, threads=0):
     """Runs one calculation of the model file into result_dir (created when missing).
 
     calculation_type: 0 read and check, 1 free vibration, 2 forced vibration, 3 both.
+    threads: threads of the forced load cases, 0 for the machine's cores; the result files
+    are the same for any number.
     Returns RunResult(valid, log). An invalid model is a result, not an error: its findings
     are in the log. Raises QuillmarkError when the run can't start (missing model file,
     unusable result directory).
     """
-    valid, log = _quillmark.run(os.fspath(model), os.fspath(result_dir), int(calculation_type))
+    valid, log = _quillmark.run(os.fspath(model), os.fspath(result_dir), int(calculation_type), int(threads))
     return RunResult(valid, log)
 
 

@@ -33,6 +33,11 @@ public:
     // the reference that the fast path is compared with. Set by the caller before the run.
     bool LITERALPATH = false;
 
+    // Threads of the forced sweep: load cases run side by side on that many workers and are
+    // written in their order, so the files do not depend on it. 0 takes the machine's cores;
+    // never more than the load cases. Set by the caller before the run.
+    int THREADS = 0;
+
     // The log "Quillmark.log" of this run's result directory.
     std::string log_path() const;
     // Creates the log empty, replacing an older one. False when it can't be written.

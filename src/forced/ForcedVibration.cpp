@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "forced/LoadCaseReport.h"
+#include "forced/LoadCaseWalk.h"
 #include "forced/LoadCaseSetting.h"
 #include "forced/PropellerIce.h"
 #include "forced/ShaftPowerLoss.h"
@@ -127,6 +128,21 @@ SweepPlan make_sweep_plan(const ModelTables& t, bool OUTPUTANGLEBASEDRESULTS) {
 SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
                                LoadCaseResults& res) {
     MASSSTIFFNESSANDDAMPINGMATRIX::LOADCASESETTING(tables, lc);
+    return compute_set_load_case(tables, plan, state, lc, res);
+}
+
+void prepare_unit_tables_of_load_case(ModelTables& tables, const SweepPlan& plan, int lc) {
+    for (int k = 0; k < NKIND; ++k) {
+        if (!plan.present[k]) continue;
+        const auto kind = static_cast<SourceKind>(k);
+        for (int u = 1; u <= plan.dims.NUNIT[k]; ++u)
+            if (runs_driver(kind, tables, u))
+                prepare_source_unit_tables(kind, tables, u, plan.flags.ISPROPELLERICE, plan.dims.NORDER[k], lc);
+    }
+}
+
+SweepFailure compute_set_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
+                                   LoadCaseResults& res) {
     res.messages.clear();
 
     // Each unit of each kind by itself.
@@ -275,16 +291,17 @@ bool FORCEDVIBRATIONCALCULATION(RunContext& ctx, ModelTables& tables) {
     CALCULATELOADCASESHAFTPOWER(tables, state.LOADCASE_SHAFTPOWER);
     if (plan.flags.ISPROPELLERICE) CALCULATESHAFTINERTIARATIO(tables, state.SHAFTINERTIARATIO);
 
-    LoadCaseResults res;
-    for (int lc = 1; lc <= plan.dims.NLOADCASE; ++lc) {
-        const SweepFailure failure = compute_load_case(tables, plan, state, lc, res);
-        for (const std::string& line : res.messages) ctx.log_append(line);
-        if (failure.routine != 0) {
-            log_and_print(ctx, failure.routine == 1 ? "** CGETRF/ZGETRF failed" : "** CGETRS/ZGETRS failed");
-            out.close();
-            return false;
-        }
-        write_load_case(out, plan, lc, res);
+    // Load cases go to the log and the files in their order, whatever the number of threads.
+    const SweepFailure failure = walk_load_cases(
+        tables, plan, state, sweep_threads(ctx.THREADS, plan.dims.NLOADCASE),
+        [&](int lc, const LoadCaseResults& res, const SweepFailure& failed) {
+            for (const std::string& line : res.messages) ctx.log_append(line);
+            if (failed.routine == 0) write_load_case(out, plan, lc, res);
+        });
+    if (failure.routine != 0) {
+        log_and_print(ctx, failure.routine == 1 ? "** CGETRF/ZGETRF failed" : "** CGETRS/ZGETRS failed");
+        out.close();
+        return false;
     }
     out.close();
     return true;

@@ -77,6 +77,18 @@ struct SweepFailure {
 SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
                                LoadCaseResults& res);
 
+// compute_load_case without its first step: the tables already hold the setting of load case
+// lc (LOADCASESETTING).
+SweepFailure compute_set_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
+                                   LoadCaseResults& res);
+
+// What compute_set_load_case leaves in the tables that a later load case can see, without
+// solving anything: the table steps of every unit's driver in the sweep's order. After
+// LOADCASESETTING and this, the tables are as compute_load_case leaves them for the next
+// load case. (The SPEEDEXCITATION the shaft power loss leaves in a Geislinger coupling is not
+// repeated: every step that reads it sets it first.)
+void prepare_unit_tables_of_load_case(ModelTables& tables, const SweepPlan& plan, int lc);
+
 // The open result files of a sweep, indexed by ResultFile.
 struct ResultFileSet {
     std::array<DirectAccessFile, NRESULTFILE> files;

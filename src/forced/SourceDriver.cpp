@@ -38,13 +38,17 @@ void restore_ratios(ModelTables& t, const SavedRatios& saved) {
         t.SHAFT_TABLE(s).RPMRATIO = saved.shaft[static_cast<std::size_t>(s - 1)];
 }
 
-// The solve itself, with the ratios referred to the unit.
-SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc, double omega, KindResults& res,
-                         std::vector<std::string>* messages, SolvePath path) {
+// The working fields of the tables for the unit, with the ratios referred to it.
+void prepare_tables(ModelTables& t, int lc, std::vector<std::string>* messages) {
     MASSSTIFFNESSANDDAMPINGMATRIX::MASSANDSHAFTTABLEPREPARATION(false, t.MASS_TABLE, t.SHAFT_TABLE,
                                                                 t.VISCOUSDAMPER_TABLE, t.LINEARCOUPLING_TABLE,
                                                                 t.PROGRESSIVECOUPLING_TABLE, t.PROPELLER_TABLE, lc,
                                                                 messages);
+}
+
+// The solve itself, with the ratios referred to the unit and the tables prepared.
+SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, double omega, KindResults& res,
+                         SolvePath path) {
     SystemMatrices mx;
     MASSSTIFFNESSANDDAMPINGMATRIX::BUILDMASSSTIFFNESSANDDAMPINGMATRIX(false, t.MASS_TABLE, t.SHAFT_TABLE,
                                                                       t.GEISLINGERCOUPLING_TABLE, t.DIESEL_TABLE,
@@ -93,6 +97,25 @@ SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, int lc
     return failure;
 }
 
+// The driver's steps on the tables, around `step`: every Geislinger coupling takes the unit's
+// speed, the ratios are referred to the unit, the tables prepared, `step` run, and the ratios
+// put back.
+template <class Step>
+SolverFailure with_unit_tables(ModelTables& tables, const UnitExcitation& ex, int lc,
+                               std::vector<std::string>* messages, Step step) {
+    for (int g = 1; g <= tables.GEISLINGERCOUPLING_TABLE.size(); ++g)
+        tables.GEISLINGERCOUPLING_TABLE(g).SPEEDEXCITATION = ex.SPEED;
+
+    // Everything the solver sees is referred to the unit: its own shaft runs at ratio 1.
+    const int reference = GLOBAL_MASS::GET_MASS_IMASS(tables.MASS_TABLE, ex.REFERENCENODE);
+    const double b = reference >= 1 ? tables.MASS_TABLE(reference).RPMRATIO : 1.0;
+    const SavedRatios saved = refer_ratios(tables, b);
+    prepare_tables(tables, lc, messages);
+    const SolverFailure failure = step();
+    restore_ratios(tables, saved);
+    return failure;
+}
+
 }  // namespace
 
 SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int lc,
@@ -103,18 +126,18 @@ SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, boo
     if (u < 1 || u > res.NUNIT) return {};
 
     const double omega = ex.SPEED * PI / 30.0;
-    for (int g = 1; g <= tables.GEISLINGERCOUPLING_TABLE.size(); ++g)
-        tables.GEISLINGERCOUPLING_TABLE(g).SPEEDEXCITATION = ex.SPEED;
-
-    // Everything the solver sees is referred to the unit: its own shaft runs at ratio 1.
-    const int reference = GLOBAL_MASS::GET_MASS_IMASS(tables.MASS_TABLE, ex.REFERENCENODE);
-    const double b = reference >= 1 ? tables.MASS_TABLE(reference).RPMRATIO : 1.0;
-    const SavedRatios saved = refer_ratios(tables, b);
-    const SolverFailure failure = solve_unit(tables, ex, u, lc, omega, res, messages, path);
-    restore_ratios(tables, saved);
-
+    const SolverFailure failure =
+        with_unit_tables(tables, ex, lc, messages, [&] { return solve_unit(tables, ex, u, omega, res, path); });
     res.OMEGA[static_cast<std::size_t>(u - 1)] = omega * ex.BASEORDER;
     return failure;
+}
+
+void prepare_source_unit_tables(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int NORDER,
+                                int lc) {
+    if (u < 1 || u > unit_count(kind, tables)) return;
+    UnitExcitation ex;
+    unit_excitation(kind, tables, u, ISPROPELLERICE, NORDER, ex);
+    with_unit_tables(tables, ex, lc, nullptr, [] { return SolverFailure{}; });
 }
 
 SolverFailure CALCULATE_DIESEL_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,

@@ -26,6 +26,13 @@ SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, boo
                                 std::vector<std::string>* messages = nullptr,
                                 SolvePath path = SolvePath::FAST);
 
+// What run_source_driver does to the tables, without the solve: the Geislinger couplings take
+// the unit's speed and the working fields of the inertias, shafts and propellers are prepared
+// with the ratios referred to the unit (a propeller whose damping comes out 0 leaves its
+// inertia's damping as it was). Leaves the tables as the driver would; reports nothing.
+void prepare_source_unit_tables(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int NORDER,
+                                int lc);
+
 // The drivers of the six kinds by their system names.
 SolverFailure CALCULATE_DIESEL_FORCEDVIBRATION(ModelTables& tables, int u, KindResults& res,
                                                std::vector<double>& EXFO, int lc);

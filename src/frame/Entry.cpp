@@ -22,6 +22,28 @@ std::string text_from_codes(const int32_t* codes, const int32_t* length) {
     return text;
 }
 
+// One run for either export; THREADS null takes the machine's cores.
+void solve(const int32_t* INPUTFILEDIRARRAY, const int32_t* INPUTFILEDIRLENGTH, const int32_t* INPUTFILENAMEARRAY,
+           const int32_t* INPUTFILENAMELENGTH, const int32_t* RESULTFILEDIRARRAY, const int32_t* RESULTFILEDIRLENGTH,
+           int32_t* ISINPUTVALID, const int32_t* CALCULATIONTYPE, const int32_t* THREADS) {
+    if (ISINPUTVALID == nullptr) return;
+    *ISINPUTVALID = 0;
+    try {
+        const int calculationtype = CALCULATIONTYPE != nullptr ? *CALCULATIONTYPE : 0;
+        const int threads = THREADS != nullptr ? *THREADS : 0;
+        *ISINPUTVALID = qm::run_solver(text_from_codes(INPUTFILEDIRARRAY, INPUTFILEDIRLENGTH),
+                                       text_from_codes(INPUTFILENAMEARRAY, INPUTFILENAMELENGTH),
+                                       text_from_codes(RESULTFILEDIRARRAY, RESULTFILEDIRLENGTH), calculationtype,
+                                       false, threads);
+    } catch (const std::exception& e) {
+        std::cerr << "Quillmark: the run ended early: " << e.what() << "\n";
+        *ISINPUTVALID = 0;
+    } catch (...) {
+        std::cerr << "Quillmark: the run ended early.\n";
+        *ISINPUTVALID = 0;
+    }
+}
+
 }  // namespace
 
 extern "C" QUILLMARK_API void QUILLMARKSOLVER(const int32_t* INPUTFILEDIRARRAY, const int32_t* INPUTFILEDIRLENGTH,
@@ -30,18 +52,17 @@ extern "C" QUILLMARK_API void QUILLMARKSOLVER(const int32_t* INPUTFILEDIRARRAY, 
                                               const int32_t* RESULTFILEDIRARRAY,
                                               const int32_t* RESULTFILEDIRLENGTH, int32_t* ISINPUTVALID,
                                               const int32_t* CALCULATIONTYPE) {
-    if (ISINPUTVALID == nullptr) return;
-    *ISINPUTVALID = 0;
-    try {
-        const int calculationtype = CALCULATIONTYPE != nullptr ? *CALCULATIONTYPE : 0;
-        *ISINPUTVALID = qm::run_solver(text_from_codes(INPUTFILEDIRARRAY, INPUTFILEDIRLENGTH),
-                                       text_from_codes(INPUTFILENAMEARRAY, INPUTFILENAMELENGTH),
-                                       text_from_codes(RESULTFILEDIRARRAY, RESULTFILEDIRLENGTH), calculationtype);
-    } catch (const std::exception& e) {
-        std::cerr << "Quillmark: the run ended early: " << e.what() << "\n";
-        *ISINPUTVALID = 0;
-    } catch (...) {
-        std::cerr << "Quillmark: the run ended early.\n";
-        *ISINPUTVALID = 0;
-    }
+    solve(INPUTFILEDIRARRAY, INPUTFILEDIRLENGTH, INPUTFILENAMEARRAY, INPUTFILENAMELENGTH, RESULTFILEDIRARRAY,
+          RESULTFILEDIRLENGTH, ISINPUTVALID, CALCULATIONTYPE, nullptr);
+}
+
+extern "C" QUILLMARK_API void QUILLMARKSOLVERTHREADS(const int32_t* INPUTFILEDIRARRAY,
+                                                     const int32_t* INPUTFILEDIRLENGTH,
+                                                     const int32_t* INPUTFILENAMEARRAY,
+                                                     const int32_t* INPUTFILENAMELENGTH,
+                                                     const int32_t* RESULTFILEDIRARRAY,
+                                                     const int32_t* RESULTFILEDIRLENGTH, int32_t* ISINPUTVALID,
+                                                     const int32_t* CALCULATIONTYPE, const int32_t* THREADS) {
+    solve(INPUTFILEDIRARRAY, INPUTFILEDIRLENGTH, INPUTFILENAMEARRAY, INPUTFILENAMELENGTH, RESULTFILEDIRARRAY,
+          RESULTFILEDIRLENGTH, ISINPUTVALID, CALCULATIONTYPE, THREADS);
 }

@@ -27,7 +27,7 @@ bool runs_free_vibration(int CALCULATIONTYPE) { return CALCULATIONTYPE != 0 && C
 bool runs_forced_vibration(int CALCULATIONTYPE) { return CALCULATIONTYPE != 0 && CALCULATIONTYPE != 1; }
 
 int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME,
-               const std::string& RESULTFILEDIR, int CALCULATIONTYPE, bool LITERALPATH) {
+               const std::string& RESULTFILEDIR, int CALCULATIONTYPE, bool LITERALPATH, int THREADS) {
     using GLOBAL_PARAMETER::FILENAME_LENGTH;
     if (static_cast<int>(INPUTFILEDIR.size()) > FILENAME_LENGTH ||
         static_cast<int>(INPUTFILENAME.size()) > FILENAME_LENGTH ||
@@ -46,6 +46,7 @@ int run_solver(const std::string& INPUTFILEDIR, const std::string& INPUTFILENAME
     RunContext ctx;
     ctx.SETRESULTFILEDIR(RESULTFILEDIR, static_cast<int>(RESULTFILEDIR.size()));
     ctx.LITERALPATH = LITERALPATH;
+    ctx.THREADS = THREADS;
     // A blank input directory leaves the file name as given, relative to the working
     // directory, rather than putting it at the root of the file system.
     const std::string FILENAME = STRINGOPERATION::trimmed(INPUTFILEDIR).empty()

@@ -34,7 +34,8 @@ void print_log(const std::filesystem::path& log) {
 
 }  // namespace
 
-int call_solver(const std::string& model, const std::string& result_dir, int calculation_type, bool reference) {
+int call_solver(const std::string& model, const std::string& result_dir, int calculation_type, bool reference,
+                int threads) {
     const std::filesystem::path path = std::filesystem::absolute(model);
     const std::vector<int32_t> dir = codes(path.parent_path().string());
     const std::vector<int32_t> name = codes(path.filename().string());
@@ -46,7 +47,7 @@ int call_solver(const std::string& model, const std::string& result_dir, int cal
         // The literal path is an option of the library's own run, not of the exported entry.
         try {
             return qm::run_solver(path.parent_path().string(), path.filename().string(),
-                                  std::filesystem::absolute(result_dir).string(), calculation_type, true);
+                                  std::filesystem::absolute(result_dir).string(), calculation_type, true, threads);
         } catch (const std::exception& e) {
             std::cerr << "Quillmark: the run ended early: " << e.what() << "\n";
             return 0;
@@ -54,8 +55,9 @@ int call_solver(const std::string& model, const std::string& result_dir, int cal
     }
     int32_t valid = 0;
     const int32_t type = calculation_type;
-    QUILLMARKSOLVER(dir.data(), &dir_length, name.data(), &name_length, result.data(), &result_length, &valid,
-                    &type);
+    const int32_t nthreads = threads;
+    QUILLMARKSOLVERTHREADS(dir.data(), &dir_length, name.data(), &name_length, result.data(), &result_length, &valid,
+                           &type, &nthreads);
     return valid;
 }
 
@@ -65,6 +67,7 @@ void add_run_command(CLI::App& app, int& exit_code) {
     auto out = std::make_shared<std::string>("out");
     auto type = std::make_shared<int>(1);
     auto reference = std::make_shared<bool>(false);
+    auto threads = std::make_shared<int>(0);
     run->add_option("MODEL", *model, "Input file of the model")->required()->check(CLI::ExistingFile);
     run->add_option("-o,--output", *out, "Result directory; created when missing (default: out)");
     run->add_option("--type", *type,
@@ -73,10 +76,14 @@ void add_run_command(CLI::App& app, int& exit_code) {
     run->add_flag("--reference", *reference,
                   "Forced vibration on the literal reference path: a dense solve per order and the "
                   "synthesis step by step (slow; same results to rounding)");
-    run->callback([model, out, type, reference, &exit_code] {
+    run->add_option("--threads", *threads,
+                    "Threads of the forced load cases; the files are the same for any number "
+                    "(default 0: the machine's cores)")
+        ->check(CLI::Range(0, 1 << 20));
+    run->callback([model, out, type, reference, threads, &exit_code] {
         std::error_code ec;
         std::filesystem::create_directories(*out, ec);
-        const int valid = call_solver(*model, *out, *type, *reference);
+        const int valid = call_solver(*model, *out, *type, *reference, *threads);
         std::cout << "Model: " << *model << "\n";
         std::cout << "Result directory: " << std::filesystem::absolute(*out).string() << "\n";
         std::cout << "Input valid: " << (valid == 1 ? "yes" : "no") << " (ISINPUTVALID " << valid << ")\n";
