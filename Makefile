@@ -40,8 +40,11 @@ run: build
 test: build
 	@cd $(BUILD) && ctest --output-on-failure -j$(JOBS)
 
+# The benchmarks, then their table: wall and CPU time, the fast path against the literal one
+# and two threads against one.
 bench: build
-	$(BUILD)/quillmark_bench
+	$(BUILD)/quillmark_bench --benchmark_out=$(BUILD)/bench.json --benchmark_out_format=json
+	@$(PYTHON) scripts/bench_table.py $(BUILD)/bench.json
 
 sanitize: deps
 	@cmake -S . -B $(SANITIZE_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQUILLMARK_SANITIZE=ON \

@@ -1,7 +1,7 @@
 // The forced calculation of the two-stroke example: one load case (every source unit at all
 // its orders, shaft results, nominal values) and a whole run of 200 load cases from the input
-// file to the result files. Each on the fast path (argument 0) and the literal reference
-// path (argument 1), side by side.
+// file to the result files. Each on the fast path (literal 0) and the literal reference path
+// (literal 1), side by side; the run also with its load cases on two threads.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -76,15 +76,26 @@ void BM_ForcedOneLoadCase(benchmark::State& state) {
 }
 BENCHMARK(BM_ForcedOneLoadCase)->ArgName("literal")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
+// The whole run of 200 load cases; the load cases on 1 or 2 threads (wall time: the work of
+// the threads is what is measured).
 void BM_ForcedSweep(benchmark::State& state) {
     const fs::path model = sweep_model(static_cast<int>(state.range(0)));
     const fs::path out = scratch("sweep");
     const bool literal = state.range(1) == 1;
+    const int threads = static_cast<int>(state.range(2));
     for (auto _ : state) {
-        const int valid = qm::run_solver(model.parent_path().string(), model.filename().string(), out.string(), 2, literal);
+        const int valid = qm::run_solver(model.parent_path().string(), model.filename().string(), out.string(), 2,
+                                         literal, threads);
         if (valid != 1) state.SkipWithError("the sweep model does not run");
     }
 }
-BENCHMARK(BM_ForcedSweep)->ArgNames({"loadcases", "literal"})->Args({200, 0})->Args({200, 1})->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_ForcedSweep)
+    ->ArgNames({"loadcases", "literal", "threads"})
+    ->Args({200, 0, 1})
+    ->Args({200, 0, 2})
+    ->Args({200, 1, 1})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(3);
 
 }  // namespace
