@@ -22,7 +22,7 @@ def split(name):
                 continue
             args[key] = value
             order.append(key)
-        else:
+        elif part not in ("real_time", "manual_time"):
             args[part] = None
             order.append(part)
     return parts[0], args, order
