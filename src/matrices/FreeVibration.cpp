@@ -19,7 +19,7 @@ void FREEVIBRATIONCALCULATION(RunContext& ctx, ModelTables& t) {
     SystemMatrices mx;
     BUILDMASSSTIFFNESSANDDAMPINGMATRIX(true, MASS_TABLE, SHAFT_TABLE, t.GEISLINGERCOUPLING_TABLE, DIESEL_TABLE,
                                        VISCOUSDAMPER_TABLE, 1.0, mx);
-    FREEUNDAMPEDVIBRATIONSMODULE::FREEUNDAMPEDVIBRATIONS(mx, 0);
+    FREEUNDAMPEDVIBRATIONSMODULE::FREEUNDAMPEDVIBRATIONS(mx, 0, ctx.LITERALPATH);
 
     // Mode 1 is the rigid-body mode: its computed eigenvalue is never used.
     if (mx.N >= 1) mx.D(1) = 0.0;
@@ -28,7 +28,11 @@ void FREEVIBRATIONCALCULATION(RunContext& ctx, ModelTables& t) {
     Table<double> RELATIVEDEFLECTION;
     Table<double> RELATIVETORQUE;
     RELATIVEINERTIADEFLECTION(ctx, MASS_TABLE, SHAFT_TABLE, DIESEL_TABLE, PROPELLER_TABLE, mx.N, mx.V, RELATIVEDEFLECTION);
+    // Mode shapes and relative results are N x N each on a long line: each goes as soon as
+    // its file is written, so that no more than two are held at once.
+    mx.V.deallocate();
     RELATIVEINERTIATORQUE(ctx, MASS_TABLE, SHAFT_TABLE, mx.N, RELATIVEDEFLECTION, RELATIVETORQUE);
+    RELATIVETORQUE.deallocate();
     if (DIESEL_TABLE.allocated()) {
         Table<double> VECTORSUMRPM;
         Table<double> VECTORSUMANGLE;

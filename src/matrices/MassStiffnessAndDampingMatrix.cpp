@@ -9,7 +9,7 @@
 #include "components/GlobalProgressiveCoupling.h"
 #include "components/GlobalPropeller.h"
 #include "components/ViscousDamperCustomDamping.h"
-#include "base/ComponentCodes.h"
+#include "matrices/MassRows.h"
 
 namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX {
 
@@ -86,14 +86,19 @@ namespace {
 // A value referred to the reference shaft by the square of its speed ratio, (x*r)*r.
 double referred(double x, double r) { return x * r * r; }
 
-void allocate_zeroed(SystemMatrices& mx, int N, int NNZ) {
+void allocate_zeroed(bool free, SystemMatrices& mx, int N, int NNZ) {
     mx.N = N;
     mx.NNZ = NNZ;
     mx.M.allocate(N);
     mx.CA.allocate(N);
     mx.CAR.allocate(N);
     mx.D.allocate(N);
-    mx.V.allocate(N, N);
+    // Only the free calculation has mode shapes; the forced one rebuilds the arrays per order
+    // and would otherwise zero N x N values each time.
+    if (free)
+        mx.V.allocate(N, N);
+    else
+        mx.V.deallocate();
     mx.K.allocate(NNZ);
     mx.CR.allocate(NNZ);
     mx.CRR.allocate(NNZ);
@@ -179,16 +184,15 @@ void BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(bool free, const MassTable& MASS_TA
                                              const DieselTable& DIESEL_TABLE,
                                              const ViscousDamperTable& VISCOUSDAMPER_TABLE, double order,
                                              SystemMatrices& mx) {
+    const MassRows rows(MASS_TABLE);
     int c = 0;
     for (int row = 1; row <= GLOBAL_SHAFT::GET_SHAFT_NUMBER(SHAFT_TABLE); ++row) {
         const ShaftRecord& s = SHAFT_TABLE(row);
         if (free && s.SHAFTTYPE == CODES::SHAFTTYPE_VISCOUSDAMPERSPRING) continue;
         // Free mode numbers the degrees of freedom without the rings; forced mode has one
         // per row of the table.
-        const int i = free ? GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGSHAFT(MASS_TABLE, s.ORGNODE)
-                           : GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, s.ORGNODE);
-        const int j = free ? GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGSHAFT(MASS_TABLE, s.DESNODE)
-                           : GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, s.DESNODE);
+        const int i = free ? rows.free_dof_of_id(s.ORGNODE) : rows.row(s.ORGNODE);
+        const int j = free ? rows.free_dof_of_id(s.DESNODE) : rows.row(s.DESNODE);
         // A shaft to an inertia that is not in the table, or one more than a tree can hold,
         // has no place in the arrays; the data check reports both.
         if (i < 1 || j < 1 || mx.N + c + 2 > mx.NNZ) continue;
@@ -229,7 +233,7 @@ void BUILDMASSSTIFFNESSANDDAMPINGMATRIX(bool free, const MassTable& MASS_TABLE,
                                         SystemMatrices& mx) {
     int N = 0, NNZ = 0;
     CALCUALTEMASSSTIFFNESSMATRIXDIMENSION(free, MASS_TABLE, N, NNZ);
-    allocate_zeroed(mx, N, NNZ);
+    allocate_zeroed(free, mx, N, NNZ);
     BUILDMASSANDMASSDAMPINGMATRIX(free, MASS_TABLE, DIESEL_TABLE, order, mx);
     BUILDSTIFFNESSANDSTIFFNESSDAMPINGMATRIX(free, MASS_TABLE, SHAFT_TABLE, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE,
                                             VISCOUSDAMPER_TABLE, order, mx);

@@ -26,7 +26,7 @@ struct SystemMatrices {
     Table<double> CR;
     Table<double> CRR;
     Table<double> D;    // natural angular frequencies, rad/s, ascending
-    Array2D<double> V;  // mode shapes, (degree of freedom, mode), column after column
+    Array2D<double> V;  // mode shapes, (degree of freedom, mode), column after column; free mode only
 };
 
 namespace MASSSTIFFNESSANDDAMPINGMATRIX {

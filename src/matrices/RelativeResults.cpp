@@ -9,6 +9,7 @@
 #include "base/ComponentCodes.h"
 #include "base/BinFile.h"
 #include "base/Constants.h"
+#include "matrices/MassRows.h"
 
 namespace qm::FREEVIBRATION {
 
@@ -18,17 +19,37 @@ void write_table(RunContext& ctx, const char* name, const Table<double>& values)
     write_bin_file(ctx.result_path(name), values.data(), static_cast<std::size_t>(values.size()));
 }
 
-// The value of largest magnitude among the free degrees of freedom of rows with the given
-// MASSTYPE, the first on a tie; 0.0 when none moves.
-double reference_of_masstype(const MassTable& masses, const Array2D<double>& v_rpm, int mode, int masstype) {
+// Mode shapes referred to the speed of each inertia, read from V as they are needed rather
+// than copied: the value of row r in mode m is V(dof, m) times the row's RPMRATIO.
+struct ReferredModes {
+    const Array2D<double>& V;
+    std::vector<int> dofs;       // [row]: free degree of freedom, 0 for a damper ring
+    std::vector<double> ratios;  // [row]: RPMRATIO
+
+    ReferredModes(const MassTable& masses, const Array2D<double>& modes) : V(modes) {
+        const int nmass = GLOBAL_MASS::GET_MASS_NUMBER(masses);
+        const MassRows rows(masses);
+        dofs.assign(static_cast<std::size_t>(nmass) + 1, 0);
+        ratios.assign(static_cast<std::size_t>(nmass) + 1, 0.0);
+        for (int r = 1; r <= nmass; ++r) {
+            if (masses(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
+            dofs[static_cast<std::size_t>(r)] = rows.free_dof(r);
+            ratios[static_cast<std::size_t>(r)] = masses(r).RPMRATIO;
+        }
+    }
+    double operator()(int r, int m) const {
+        return V(dofs[static_cast<std::size_t>(r)], m) * ratios[static_cast<std::size_t>(r)];
+    }
+};
+
+// The value of largest magnitude among the rows of the given MASSTYPE (never a damper ring),
+// the first on a tie; 0.0 when none moves.
+double reference_of_masstype(const MassTable& masses, const ReferredModes& v_rpm, int mode, int masstype) {
     double reference = 0.0;
     double largest = 0.0;
-    int p = 0;
     for (int r = 1; r <= masses.size(); ++r) {
-        if (masses(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
-        ++p;
-        if (masses(r).MASSTYPE != masstype) continue;
-        const double value = v_rpm(p, mode);
+        if (masses(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING || masses(r).MASSTYPE != masstype) continue;
+        const double value = v_rpm(r, mode);
         if (std::fabs(value) > largest) {
             largest = std::fabs(value);
             reference = value;
@@ -45,22 +66,10 @@ void RELATIVEINERTIADEFLECTION(RunContext& ctx, const MassTable& MASS_TABLE, con
     (void)SHAFT_TABLE;
     const int nmass = GLOBAL_MASS::GET_MASS_NUMBER(MASS_TABLE);
     const int nmode = N > 1 ? N - 1 : 0;
-
-    // Mode shapes referred to the speed of each inertia.
-    Array2D<double> v_rpm = V;
-    int p = 0;
-    for (int r = 1; r <= nmass; ++r) {
-        if (MASS_TABLE(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
-        ++p;
-        if (p > N) break;
-        for (int m = 1; m <= N; ++m) v_rpm(p, m) *= MASS_TABLE(r).RPMRATIO;
-    }
-
-    // The degree of freedom of each inertia, looked up once rather than per mode.
-    std::vector<int> dofs(static_cast<std::size_t>(nmass) + 1, 0);
-    for (int r = 1; r <= nmass; ++r)
-        if (MASS_TABLE(r).MASSTYPE != CODES::MASSTYPE_VISCOUSDAMPERRING)
-            dofs[static_cast<std::size_t>(r)] = GLOBAL_MASS::GET_MASS_NNOTVISCOUSDAMPERRINGMASS(MASS_TABLE, r);
+    const ReferredModes v_rpm(MASS_TABLE, V);
+    // The first degree of freedom is the first row that is not a damper ring.
+    int first = 1;
+    while (first < nmass && MASS_TABLE(first).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) ++first;
 
     RELATIVEDEFLECTION.allocate(nmode * nmass);
     for (int m = 2; m <= N; ++m) {
@@ -70,13 +79,12 @@ void RELATIVEINERTIADEFLECTION(RunContext& ctx, const MassTable& MASS_TABLE, con
         else if (PROPELLER_TABLE.allocated())
             reference = reference_of_masstype(MASS_TABLE, v_rpm, m, CODES::MASSTYPE_PROPELLER);
         else
-            reference = v_rpm(1, m);
+            reference = v_rpm(first, m);
         // No guard against a zero reference: a mode in which no reference mass moves gives
         // values that are not numbers, and they go to the file as they are.
         for (int r = 1; r <= nmass; ++r) {
             if (MASS_TABLE(r).MASSTYPE == CODES::MASSTYPE_VISCOUSDAMPERRING) continue;
-            const int dof = dofs[static_cast<std::size_t>(r)];
-            RELATIVEDEFLECTION(mode_record(m, r, nmass)) = v_rpm(dof, m) / reference;
+            RELATIVEDEFLECTION(mode_record(m, r, nmass)) = v_rpm(r, m) / reference;
         }
     }
     write_table(ctx, RELATIVEDEFLECTIONFILE, RELATIVEDEFLECTION);
@@ -89,10 +97,10 @@ void RELATIVEINERTIATORQUE(RunContext& ctx, const MassTable& MASS_TABLE, const S
     const int nmode = N > 1 ? N - 1 : 0;
     RELATIVETORQUE.allocate(nmode * nshaft);
     // The rows of both ends of each shaft, looked up once rather than per mode.
+    const MassRows rows(MASS_TABLE);
     std::vector<std::pair<int, int>> ends(static_cast<std::size_t>(nshaft) + 1, {0, 0});
     for (int s = 1; s <= nshaft; ++s)
-        ends[static_cast<std::size_t>(s)] = {GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, SHAFT_TABLE(s).ORGNODE),
-                                             GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, SHAFT_TABLE(s).DESNODE)};
+        ends[static_cast<std::size_t>(s)] = {rows.row(SHAFT_TABLE(s).ORGNODE), rows.row(SHAFT_TABLE(s).DESNODE)};
     for (int m = 2; m <= N; ++m) {
         for (int s = 1; s <= nshaft; ++s) {
             const ShaftRecord& shaft = SHAFT_TABLE(s);
@@ -138,6 +146,22 @@ void VECTORSUMS(RunContext& ctx, const MassTable& MASS_TABLE, const DieselTable&
             cylindex[static_cast<std::size_t>(j - 1)] =
                 GLOBAL_MASS::GET_MASS_IMASS(MASS_TABLE, engine.CYLINDERS[static_cast<std::size_t>(j - 1)]);
         std::vector<double> a(static_cast<std::size_t>(ncyl));
+        // The turns of each cylinder at each order depend on neither the mode nor the
+        // deflections: they are taken once per engine, as (cos, sin) of bank A, then bank B.
+        const auto uc = static_cast<std::size_t>(ncyl);
+        std::vector<double> turn(static_cast<std::size_t>(norder) * uc * 4, 0.0);
+        for (int o = 1; o <= norder; ++o) {
+            const double q = orders[static_cast<std::size_t>(o - 1)];
+            for (std::size_t j = 0; j < uc; ++j) {
+                double* t = &turn[(static_cast<std::size_t>(o - 1) * uc + j) * 4];
+                t[0] = std::cos(q * engine.FIRINGANGLEA[j]);
+                t[1] = std::sin(q * engine.FIRINGANGLEA[j]);
+                if (engine.ISVENGINE) {
+                    t[2] = std::cos(q * engine.FIRINGANGLEB[j]);
+                    t[3] = std::sin(q * engine.FIRINGANGLEB[j]);
+                }
+            }
+        }
 
         for (int m = 2; m <= N; ++m) {
             for (int j = 1; j <= ncyl; ++j) {
@@ -148,15 +172,14 @@ void VECTORSUMS(RunContext& ctx, const MassTable& MASS_TABLE, const DieselTable&
             for (int o = 1; o <= norder; ++o) {
                 const double q = orders[static_cast<std::size_t>(o - 1)];
                 double sc = 0.0, ss = 0.0;
-                for (int j = 1; j <= ncyl; ++j) {
-                    const double aj = a[static_cast<std::size_t>(j - 1)];
-                    const double fa = engine.FIRINGANGLEA[static_cast<std::size_t>(j - 1)];
-                    sc = sc + aj * std::cos(q * fa);
-                    ss = ss + aj * std::sin(q * fa);
+                for (std::size_t j = 0; j < uc; ++j) {
+                    const double aj = a[j];
+                    const double* t = &turn[(static_cast<std::size_t>(o - 1) * uc + j) * 4];
+                    sc = sc + aj * t[0];
+                    ss = ss + aj * t[1];
                     if (engine.ISVENGINE) {
-                        const double fb = engine.FIRINGANGLEB[static_cast<std::size_t>(j - 1)];
-                        sc = sc + aj * std::cos(q * fb);
-                        ss = ss + aj * std::sin(q * fb);
+                        sc = sc + aj * t[2];
+                        ss = ss + aj * t[3];
                     }
                 }
                 const double magnitude = std::sqrt(sc * sc + ss * ss);
