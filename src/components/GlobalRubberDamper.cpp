@@ -1,6 +1,6 @@
 #include "components/GlobalRubberDamper.h"
 
-#include "base/Constants.h"
+#include "components/DamperLoadCase.h"
 
 namespace qm::GLOBAL_RUBBERDAMPER {
 
@@ -18,20 +18,12 @@ int GET_RUBBERDAMPER_IRUBBERDAMPER_NODE(const RubberDamperTable& table, int a, i
 
 double CALCULATE_RUBBERDAMPER_DAMPING(const RubberDamperTable& table, int i, double dynMagnifier,
                                       double order) {
-    if (!is_row(table, i)) return 0.0;
-    const RubberDamperRecord& d = table(i);
-    if (dynMagnifier == 0.0) return d.ABSDAMPING;
-    const double omega = d.SPEED * PI / 30.0;
-    const double denominator = dynMagnifier * order * omega;
-    if (denominator == 0.0) return 0.0;
-    return d.STIFFNESS / denominator;
+    return DAMPER::magnifier_damping(table, i, dynMagnifier, order);
 }
 
 void CALCULATE_RUBBERDAMPER_LOADCASESETTING(RubberDamperTable& table, int i, double stiffness,
                                             double dynMagnifier, double order) {
-    if (!is_row(table, i)) return;
-    table(i).STIFFNESS = stiffness;
-    table(i).DAMPING = CALCULATE_RUBBERDAMPER_DAMPING(table, i, dynMagnifier, order);
+    DAMPER::set_load_case(table, i, stiffness, dynMagnifier, order);
 }
 
 }  // namespace qm::GLOBAL_RUBBERDAMPER

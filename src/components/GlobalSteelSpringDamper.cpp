@@ -1,6 +1,6 @@
 #include "components/GlobalSteelSpringDamper.h"
 
-#include "base/Constants.h"
+#include "components/DamperLoadCase.h"
 
 namespace qm::GLOBAL_STEELSPRINGDAMPER {
 
@@ -14,20 +14,12 @@ int GET_STEELSPRINGDAMPER_ISTEELSPRINGDAMPER(const SteelSpringDamperTable& table
 
 double CALCULATE_STEELSPRINGDAMPER_DAMPING(const SteelSpringDamperTable& table, int i, double dynMagnifier,
                                            double order) {
-    if (!is_row(table, i)) return 0.0;
-    const SteelSpringDamperRecord& d = table(i);
-    if (dynMagnifier == 0.0) return d.ABSDAMPING;
-    const double omega = d.SPEED * PI / 30.0;
-    const double denominator = dynMagnifier * order * omega;
-    if (denominator == 0.0) return 0.0;
-    return d.STIFFNESS / denominator;
+    return DAMPER::magnifier_damping(table, i, dynMagnifier, order);
 }
 
 void CALCULATE_STEELSPRINGDAMPER_LOADCASESETTING(SteelSpringDamperTable& table, int i, double stiffness,
                                                  double dynMagnifier, double order) {
-    if (!is_row(table, i)) return;
-    table(i).STIFFNESS = stiffness;
-    table(i).DAMPING = CALCULATE_STEELSPRINGDAMPER_DAMPING(table, i, dynMagnifier, order);
+    DAMPER::set_load_case(table, i, stiffness, dynMagnifier, order);
 }
 
 }  // namespace qm::GLOBAL_STEELSPRINGDAMPER

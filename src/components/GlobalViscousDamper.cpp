@@ -1,5 +1,7 @@
 #include "components/GlobalViscousDamper.h"
 
+#include "components/DamperLoadCase.h"
+
 namespace qm::GLOBAL_VISCOUSDAMPER {
 
 int GET_VISCOUSDAMPER_NUMBER(const ViscousDamperTable& table) { return row_count(table); }
@@ -23,10 +25,8 @@ bool GET_VISCOUSDAMPER_CONTAINCUSTOMDAMPING(const ViscousDamperTable& table) {
 }
 
 void CALCULATE_VISCOUSDAMPER_LOADCASESETTING(ViscousDamperTable& table, int i, double stiffness) {
-    if (!is_row(table, i)) return;
-    ViscousDamperRecord& d = table(i);
-    d.STIFFNESS = stiffness;
-    d.DAMPING = d.ABSDAMPING;
+    // The damper has no magnifier of its own: its damping is the absolute value.
+    DAMPER::set_load_case(table, i, stiffness, 0.0, 0.0);
 }
 
 }  // namespace qm::GLOBAL_VISCOUSDAMPER
