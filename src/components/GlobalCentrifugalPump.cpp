@@ -1,13 +1,26 @@
 #include "components/GlobalCentrifugalPump.h"
 
-#include "base/Truncate.h"
-#include <cmath>
+namespace qm {
 
-namespace qm::GLOBAL_CENTRIFUGALPUMP {
-
-int GET_CENTRIFUGALPUMP_NUMBER(const CentrifugalPumpTable& table) {
-    return row_count(table);
+namespace {
+constexpr auto ORDER = &CentrifugalPumpRecord::CENTRIFUGALPUMPORDER;
 }
+
+FourOrderMachine four_order_machine(const CentrifugalPumpTable& table, int i) {
+    if (!is_row(table, i)) return {};
+    const CentrifugalPumpRecord& p = table(i);
+    return {.SPEED = p.SPEED,
+            .EXCITATIONSPEED = p.SPEED,
+            .NODE = p.CENTRIFUGALPUMPNODE,
+            .ORDERNUMBER = p.CENTRIFUGALPUMPORDERNUMBER,
+            .ORDERS = FOUR_ORDER::whole_orders(table, i, ORDER),
+            .TORQUEAMP = p.CENTRIFUGALPUMPTORQUEAMP,
+            .PHASEANGLE = p.CENTRIFUGALPUMPPHASEANGLE};
+}
+
+namespace GLOBAL_CENTRIFUGALPUMP {
+
+int GET_CENTRIFUGALPUMP_NUMBER(const CentrifugalPumpTable& table) { return row_count(table); }
 
 int GET_CENTRIFUGALPUMP_ICENTRIFUGALPUMP(const CentrifugalPumpTable& table, int id) {
     return first_row_with_id(table, id);
@@ -15,36 +28,32 @@ int GET_CENTRIFUGALPUMP_ICENTRIFUGALPUMP(const CentrifugalPumpTable& table, int 
 
 void SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDER(CentrifugalPumpTable& table, int i, double o1, double o2,
                                               double o3, double o4) {
-    if (is_row(table, i)) table(i).CENTRIFUGALPUMPORDER = {o1, o2, o3, o4};
+    FOUR_ORDER::set_four(table, i, ORDER, o1, o2, o3, o4);
 }
 
 void SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPTORQUEPERCENT(CentrifugalPumpTable& table, int i, double p1,
                                                       double p2, double p3, double p4) {
-    if (is_row(table, i)) table(i).CENTRIFUGALPUMPTORQUEPERCENT = {p1, p2, p3, p4};
+    FOUR_ORDER::set_four(table, i, &CentrifugalPumpRecord::CENTRIFUGALPUMPTORQUEPERCENT, p1, p2, p3, p4);
 }
 
-int centrifugalpump_order(const CentrifugalPumpTable& table, int i, int k) {
-    if (!is_row(table, i) || k < 1 || k > 4) return 0;
-    return truncate_to_int(table(i).CENTRIFUGALPUMPORDER[static_cast<std::size_t>(k - 1)]);
-}
 int GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERONE(const CentrifugalPumpTable& table, int i) {
-    return centrifugalpump_order(table, i, 1);
+    return FOUR_ORDER::whole_order(table, i, ORDER, 1);
 }
 int GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERTWO(const CentrifugalPumpTable& table, int i) {
-    return centrifugalpump_order(table, i, 2);
+    return FOUR_ORDER::whole_order(table, i, ORDER, 2);
 }
 int GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERTHREE(const CentrifugalPumpTable& table, int i) {
-    return centrifugalpump_order(table, i, 3);
+    return FOUR_ORDER::whole_order(table, i, ORDER, 3);
 }
 int GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERFOUR(const CentrifugalPumpTable& table, int i) {
-    return centrifugalpump_order(table, i, 4);
+    return FOUR_ORDER::whole_order(table, i, ORDER, 4);
 }
 
 void CALCULATE_CENTRIFUGALPUMP_LOADCASESETTING(CentrifugalPumpTable& table, int i) {
     if (!is_row(table, i)) return;
-    CentrifugalPumpRecord& g = table(i);
-    for (std::size_t k = 0; k < 4; ++k)
-        g.CENTRIFUGALPUMPTORQUEAMP[k] = g.TORQUE * g.CENTRIFUGALPUMPTORQUEPERCENT[k];
+    CentrifugalPumpRecord& p = table(i);
+    FOUR_ORDER::set_amplitudes(p.CENTRIFUGALPUMPTORQUEAMP, p.TORQUE, p.CENTRIFUGALPUMPTORQUEPERCENT);
 }
 
-}  // namespace qm::GLOBAL_CENTRIFUGALPUMP
+}  // namespace GLOBAL_CENTRIFUGALPUMP
+}  // namespace qm

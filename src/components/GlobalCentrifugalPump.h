@@ -4,28 +4,31 @@
 #pragma once
 
 #include "base/Table.h"
-
-#include <array>
+#include "components/FourOrderMachine.h"
 
 namespace qm {
 
 struct CentrifugalPumpRecord {
-    int ID = 0;                                            // identification number
-    int CENTRIFUGALPUMPNODE = 0;                           // ID of the pump's inertia in MASS_TABLE
-    double RPMRATIO = 1.0;                                 // speed relative to the load-case reference
-    double MCRPOWER = 0.0;                                 // W, rating
-    double MCRSPEED = 0.0;                                 // rpm, rating
-    double MCRTORQUE = 0.0;                                // Nm, rating
-    double POWER = 0.0;                                    // W, operating point of the load case
-    double SPEED = 0.0;                                    // rpm
-    double TORQUE = 0.0;                                   // Nm
-    int CENTRIFUGALPUMPORDERNUMBER = 0;                    // orders in use, up to 4
-    std::array<double, 4> CENTRIFUGALPUMPORDER{};          // excitation orders
-    std::array<double, 4> CENTRIFUGALPUMPTORQUEPERCENT{};  // torque of each order, fraction of TORQUE
-    std::array<double, 4> CENTRIFUGALPUMPTORQUEAMP{};      // Nm, torque amplitude of each order
-    double CENTRIFUGALPUMPPHASEANGLE = 0.0;                // rad, phase of the pump's excitation
+    int ID = 0;                                  // identification number
+    int CENTRIFUGALPUMPNODE = 0;                 // ID of the pump's inertia in MASS_TABLE
+    double RPMRATIO = 1.0;                       // speed relative to the load-case reference
+    double MCRPOWER = 0.0;                       // W, rating
+    double MCRSPEED = 0.0;                       // rpm, rating
+    double MCRTORQUE = 0.0;                      // Nm, rating
+    double POWER = 0.0;                          // W, operating point of the load case
+    double SPEED = 0.0;                          // rpm
+    double TORQUE = 0.0;                         // Nm
+    int CENTRIFUGALPUMPORDERNUMBER = 0;          // orders in use, up to 4
+    MachineFour CENTRIFUGALPUMPORDER{};          // excitation orders
+    MachineFour CENTRIFUGALPUMPTORQUEPERCENT{};  // torque of each order, fraction of TORQUE
+    MachineFour CENTRIFUGALPUMPTORQUEAMP{};      // Nm, torque amplitude of each order
+    double CENTRIFUGALPUMPPHASEANGLE = 0.0;      // rad, phase of the pump's excitation
 };
 using CentrifugalPumpTable = Table<CentrifugalPumpRecord>;
+
+// Row i at the current load case, orders truncated toward zero, with the pump's phase;
+// all zero for a row outside the table. The pump excites at its own speed.
+FourOrderMachine four_order_machine(const CentrifugalPumpTable& table, int i);
 
 namespace GLOBAL_CENTRIFUGALPUMP {
 
@@ -40,11 +43,8 @@ void SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDER(CentrifugalPumpTable& table, int i
 void SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPTORQUEPERCENT(CentrifugalPumpTable& table, int i, double p1,
                                                       double p2, double p3, double p4);
 
-// Order k (1 to 4) as a whole number: a centrifugal pump excites at multiples of its speed, so
-// the order is truncated toward zero (1.5 reads as 1). An order that doesn't compare
-// reads as 0, one beyond the integer range as the nearest integer limit. A row or k
+// Orders one to four as whole numbers, truncated toward zero (1.5 reads as 1). A row
 // outside the table gives 0.
-int centrifugalpump_order(const CentrifugalPumpTable& table, int i, int k);
 int GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERONE(const CentrifugalPumpTable& table, int i);
 int GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERTWO(const CentrifugalPumpTable& table, int i);
 int GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERTHREE(const CentrifugalPumpTable& table, int i);

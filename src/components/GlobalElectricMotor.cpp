@@ -1,9 +1,25 @@
 #include "components/GlobalElectricMotor.h"
 
-#include <climits>
-#include <cmath>
+#include "base/Truncate.h"
 
-namespace qm::GLOBAL_ELECTRICMOTOR {
+namespace qm {
+
+namespace {
+constexpr auto ORDER = &ElectricMotorRecord::MOTORORDER;
+}
+
+FourOrderMachine four_order_machine(const ElectricMotorTable& table, int i) {
+    if (!is_row(table, i)) return {};
+    const ElectricMotorRecord& e = table(i);
+    return {.SPEED = e.SPEED,
+            .EXCITATIONSPEED = e.EXCITATIONTYPE == 0 ? e.SPEED : e.CONSTEXCITATIONFREQ,
+            .NODE = e.ELECTRICMOTORNODE,
+            .ORDERNUMBER = GLOBAL_ELECTRICMOTOR::GET_ELECTRICMOTOR_MOTORORDERNUMBER(table, i),
+            .ORDERS = e.MOTORORDER,
+            .TORQUEAMP = e.MOTORTORQUEAMP};
+}
+
+namespace GLOBAL_ELECTRICMOTOR {
 
 int GET_ELECTRICMOTOR_NUMBER(const ElectricMotorTable& table) { return row_count(table); }
 
@@ -15,42 +31,32 @@ void SET_ELECTRICMOTOR_MOTORORDERNUMBER(ElectricMotorTable& table, int i, int va
     if (is_row(table, i)) table(i).MOTORORDERNUMBER = static_cast<float>(value);
 }
 
+// The field may also have been written directly: the conversion stays defined for any value.
 int GET_ELECTRICMOTOR_MOTORORDERNUMBER(const ElectricMotorTable& table, int i) {
-    if (!is_row(table, i)) return 0;
-    // The field may also have been written directly: keep the conversion defined for any
-    // value (NaN reads as 0, values beyond the integer range as the nearest limit).
-    const float n = table(i).MOTORORDERNUMBER;
-    if (std::isnan(n)) return 0;
-    if (n >= 2147483648.0F) return INT_MAX;
-    if (n < -2147483648.0F) return INT_MIN;
-    return static_cast<int>(n);
+    return is_row(table, i) ? truncate_to_int(table(i).MOTORORDERNUMBER) : 0;
 }
 
 void SET_ELECTRICMOTOR_MOTORORDER(ElectricMotorTable& table, int i, double o1, double o2, double o3,
                                   double o4) {
-    if (is_row(table, i)) table(i).MOTORORDER = {o1, o2, o3, o4};
+    FOUR_ORDER::set_four(table, i, ORDER, o1, o2, o3, o4);
 }
 
 void SET_ELECTRICMOTOR_MOTORTORQUEPERCENT(ElectricMotorTable& table, int i, double p1, double p2, double p3,
                                           double p4) {
-    if (is_row(table, i)) table(i).MOTORTORQUEPERCENT = {p1, p2, p3, p4};
+    FOUR_ORDER::set_four(table, i, &ElectricMotorRecord::MOTORTORQUEPERCENT, p1, p2, p3, p4);
 }
 
-double motor_order(const ElectricMotorTable& table, int i, int k) {
-    if (!is_row(table, i) || k < 1 || k > 4) return 0.0;
-    return table(i).MOTORORDER[static_cast<std::size_t>(k - 1)];
-}
 double GET_ELECTRICMOTOR_MOTORORDERONE(const ElectricMotorTable& table, int i) {
-    return motor_order(table, i, 1);
+    return FOUR_ORDER::entry(table, i, ORDER, 1);
 }
 double GET_ELECTRICMOTOR_MOTORORDERTWO(const ElectricMotorTable& table, int i) {
-    return motor_order(table, i, 2);
+    return FOUR_ORDER::entry(table, i, ORDER, 2);
 }
 double GET_ELECTRICMOTOR_MOTORORDERTHREE(const ElectricMotorTable& table, int i) {
-    return motor_order(table, i, 3);
+    return FOUR_ORDER::entry(table, i, ORDER, 3);
 }
 double GET_ELECTRICMOTOR_MOTORORDERFOUR(const ElectricMotorTable& table, int i) {
-    return motor_order(table, i, 4);
+    return FOUR_ORDER::entry(table, i, ORDER, 4);
 }
 
 double GET_ELECTRICMOTOR_CONSTEXCITATIONTORQUE(const ElectricMotorTable& table, int i) {
@@ -63,8 +69,8 @@ void CALCULATE_ELECTRICMOTOR_LOADCASESETTING(ElectricMotorTable& table, int i) {
     ElectricMotorRecord& m = table(i);
     const double reference =
         m.EXCITATIONTYPE == 0 ? m.TORQUE : GET_ELECTRICMOTOR_CONSTEXCITATIONTORQUE(table, i);
-    for (std::size_t k = 0; k < 4; ++k)
-        m.MOTORTORQUEAMP[k] = reference * m.MOTORTORQUEPERCENT[k];
+    FOUR_ORDER::set_amplitudes(m.MOTORTORQUEAMP, reference, m.MOTORTORQUEPERCENT);
 }
 
-}  // namespace qm::GLOBAL_ELECTRICMOTOR
+}  // namespace GLOBAL_ELECTRICMOTOR
+}  // namespace qm

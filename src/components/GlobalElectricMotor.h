@@ -5,8 +5,7 @@
 #pragma once
 
 #include "base/Table.h"
-
-#include <array>
+#include "components/FourOrderMachine.h"
 
 namespace qm {
 
@@ -23,13 +22,17 @@ struct ElectricMotorRecord {
     // Orders in use, up to 4. Held in single precision: write it through
     // SET_ELECTRICMOTOR_MOTORORDERNUMBER and read it through its getter.
     float MOTORORDERNUMBER = 0.0F;
-    std::array<double, 4> MOTORORDER{};          // excitation orders, fractions kept
-    std::array<double, 4> MOTORTORQUEPERCENT{};  // torque of each order, fraction of the reference
-    std::array<double, 4> MOTORTORQUEAMP{};      // Nm, torque amplitude of each order
-    int EXCITATIONTYPE = 0;                      // 0 follows the load case, else constant excitation
-    double CONSTEXCITATIONFREQ = 0.0;            // rpm, speed of a constant excitation
+    MachineFour MOTORORDER{};          // excitation orders, fractions kept
+    MachineFour MOTORTORQUEPERCENT{};  // torque of each order, fraction of the reference
+    MachineFour MOTORTORQUEAMP{};      // Nm, torque amplitude of each order
+    int EXCITATIONTYPE = 0;            // 0 follows the load case, else constant excitation
+    double CONSTEXCITATIONFREQ = 0.0;  // rpm, speed of a constant excitation
 };
 using ElectricMotorTable = Table<ElectricMotorRecord>;
+
+// Row i at the current load case, fractions of orders kept; all zero for a row outside the
+// table. A motor on a converter of constant frequency excites at that fixed speed.
+FourOrderMachine four_order_machine(const ElectricMotorTable& table, int i);
 
 namespace GLOBAL_ELECTRICMOTOR {
 
@@ -49,9 +52,8 @@ void SET_ELECTRICMOTOR_MOTORORDER(ElectricMotorTable& table, int i, double o1, d
 void SET_ELECTRICMOTOR_MOTORTORQUEPERCENT(ElectricMotorTable& table, int i, double p1, double p2, double p3,
                                           double p4);
 
-// Order k (1 to 4) with its fraction (1.5 reads as 1.5), as the motor's converter may
-// excite between the multiples of its speed. A row or k outside the table gives 0.0.
-double motor_order(const ElectricMotorTable& table, int i, int k);
+// Orders one to four with their fractions (1.5 reads as 1.5), as the motor's converter may
+// excite between the multiples of its speed. A row outside the table gives 0.0.
 double GET_ELECTRICMOTOR_MOTORORDERONE(const ElectricMotorTable& table, int i);
 double GET_ELECTRICMOTOR_MOTORORDERTWO(const ElectricMotorTable& table, int i);
 double GET_ELECTRICMOTOR_MOTORORDERTHREE(const ElectricMotorTable& table, int i);

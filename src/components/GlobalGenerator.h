@@ -3,27 +3,30 @@
 #pragma once
 
 #include "base/Table.h"
-
-#include <array>
+#include "components/FourOrderMachine.h"
 
 namespace qm {
 
 struct GeneratorRecord {
-    int ID = 0;                                      // identification number
-    int GENERATORNODE = 0;                           // ID of the generator's inertia in MASS_TABLE
-    double RPMRATIO = 1.0;                           // speed relative to the load-case reference
-    double MCRPOWER = 0.0;                           // W, rating
-    double MCRSPEED = 0.0;                           // rpm, rating
-    double MCRTORQUE = 0.0;                          // Nm, rating
-    double POWER = 0.0;                              // W, operating point of the load case
-    double SPEED = 0.0;                              // rpm
-    double TORQUE = 0.0;                             // Nm
-    int GENERATORORDERNUMBER = 0;                    // orders in use, up to 4
-    std::array<double, 4> GENERATORORDER{};          // excitation orders
-    std::array<double, 4> GENERATORTORQUEPERCENT{};  // torque of each order, fraction of TORQUE
-    std::array<double, 4> GENTORQUEAMP{};            // Nm, torque amplitude of each order
+    int ID = 0;                          // identification number
+    int GENERATORNODE = 0;               // ID of the generator's inertia in MASS_TABLE
+    double RPMRATIO = 1.0;               // speed relative to the load-case reference
+    double MCRPOWER = 0.0;               // W, rating
+    double MCRSPEED = 0.0;               // rpm, rating
+    double MCRTORQUE = 0.0;              // Nm, rating
+    double POWER = 0.0;                  // W, operating point of the load case
+    double SPEED = 0.0;                  // rpm
+    double TORQUE = 0.0;                 // Nm
+    int GENERATORORDERNUMBER = 0;        // orders in use, up to 4
+    MachineFour GENERATORORDER{};        // excitation orders
+    MachineFour GENERATORTORQUEPERCENT{};  // torque of each order, fraction of TORQUE
+    MachineFour GENTORQUEAMP{};          // Nm, torque amplitude of each order
 };
 using GeneratorTable = Table<GeneratorRecord>;
+
+// Row i at the current load case, orders truncated toward zero; all zero for a row outside
+// the table. The generator excites at its own speed with no phase of its own.
+FourOrderMachine four_order_machine(const GeneratorTable& table, int i);
 
 namespace GLOBAL_GENERATOR {
 
@@ -37,11 +40,8 @@ void SET_GENERATOR_GENERATORORDER(GeneratorTable& table, int i, double o1, doubl
 void SET_GENERATOR_GENERATORTORQUEPERCENT(GeneratorTable& table, int i, double p1, double p2, double p3,
                                           double p4);
 
-// Order k (1 to 4) as a whole number: a generator excites at multiples of its speed, so
-// the order is truncated toward zero (1.5 reads as 1). An order that doesn't compare
-// reads as 0, one beyond the integer range as the nearest integer limit. A row or k
+// Orders one to four as whole numbers, truncated toward zero (1.5 reads as 1). A row
 // outside the table gives 0.
-int generator_order(const GeneratorTable& table, int i, int k);
 int GET_GENERATOR_GENERATORORDERONE(const GeneratorTable& table, int i);
 int GET_GENERATOR_GENERATORORDERTWO(const GeneratorTable& table, int i);
 int GET_GENERATOR_GENERATORORDERTHREE(const GeneratorTable& table, int i);

@@ -5,7 +5,6 @@
 #include "components/GlobalCentrifugalPump.h"
 #include "components/GlobalDiesel.h"
 #include "components/GlobalElectricMotor.h"
-#include "components/GlobalGasTurbine.h"
 #include "components/GlobalGeislingerCoupling.h"
 #include "components/GlobalGenerator.h"
 #include "components/GlobalLinearCoupling.h"
@@ -17,7 +16,7 @@
 #include "components/GlobalReciprocatingPump.h"
 #include "components/GlobalRubberDamper.h"
 #include "components/GlobalShaft.h"
-#include "components/GlobalSteamTurbine.h"
+#include "components/GlobalTurbine.h"
 #include "components/GlobalSteelSpringDamper.h"
 #include "components/GlobalViscousDamper.h"
 #include "base/Table.h"
@@ -35,8 +34,8 @@ struct ModelTables {
     GeislingerCouplingTable GEISLINGERCOUPLING_TABLE;       // 8
     DieselTable DIESEL_TABLE;                               // 9
     ElectricMotorTable ELECTRICMOTOR_TABLE;                 // 10
-    GasTurbineTable GASTURBINE_TABLE;                       // 11
-    SteamTurbineTable STEAMTURBINE_TABLE;                   // 12
+    TurbineTable GASTURBINE_TABLE;                          // 11
+    TurbineTable STEAMTURBINE_TABLE;                        // 12
     PropellerTable PROPELLER_TABLE;                         // 13
     GeneratorTable GENERATOR_TABLE;                         // 14
     CentrifugalPumpTable CENTRIFUGALPUMP_TABLE;             // 15

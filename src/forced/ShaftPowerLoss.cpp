@@ -67,12 +67,14 @@ struct OrderWalk {
     std::vector<std::pair<int, double>> orders;
 };
 
-// Orders of a machine with an order list: up to the number in use, ending at the first 0.0.
-template <class GetOrder>
-void listed_orders(OrderWalk& walk, int inUse, int NORDER, GetOrder order) {
-    const int last = std::min({inUse, NORDER, 4});
+// A generator, centrifugal pump or electric motor walks at its operating speed through the
+// orders it lists: up to the number in use, ending at the first 0.0. A kind without units
+// reads as an all-zero machine and walks no order.
+void machine_walk(OrderWalk& walk, const FourOrderMachine& m, int NORDER) {
+    walk.n = m.SPEED;
+    const int last = std::min({m.ORDERNUMBER, NORDER, MACHINEORDERS});
     for (int o = 1; o <= last; ++o) {
-        const double f = order(o);
+        const double f = m.ORDERS[static_cast<std::size_t>(o - 1)];
         if (f == 0.0) break;
         walk.orders.emplace_back(o, f);
     }
@@ -92,45 +94,14 @@ OrderWalk order_walk(const ModelTables& t, int kind, int NORDER) {
             for (int o = 1; o <= NORDER; ++o)
                 walk.orders.emplace_back(o, NORDER == 2 ? static_cast<double>(o * t.PROPELLER_TABLE(1).NBLADE) : o);
             break;
-        case GENERATOR: {
-            if (t.GENERATOR_TABLE.size() < 1) break;
-            walk.n = t.GENERATOR_TABLE(1).SPEED;
-            const GeneratorTable& g = t.GENERATOR_TABLE;
-            listed_orders(walk, g(1).GENERATORORDERNUMBER, NORDER, [&](int o) {
-                using namespace GLOBAL_GENERATOR;
-                const int f[] = {GET_GENERATOR_GENERATORORDERONE(g, 1), GET_GENERATOR_GENERATORORDERTWO(g, 1),
-                                 GET_GENERATOR_GENERATORORDERTHREE(g, 1), GET_GENERATOR_GENERATORORDERFOUR(g, 1)};
-                return static_cast<double>(f[o - 1]);
-            });
-            break;
-        }
-        case CENTRIFUGALPUMP: {
-            if (t.CENTRIFUGALPUMP_TABLE.size() < 1) break;
-            const CentrifugalPumpTable& p = t.CENTRIFUGALPUMP_TABLE;
-            walk.n = p(1).SPEED;
-            listed_orders(walk, p(1).CENTRIFUGALPUMPORDERNUMBER, NORDER, [&](int o) {
-                using namespace GLOBAL_CENTRIFUGALPUMP;
-                const int f[] = {GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERONE(p, 1),
-                                 GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERTWO(p, 1),
-                                 GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERTHREE(p, 1),
-                                 GET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDERFOUR(p, 1)};
-                return static_cast<double>(f[o - 1]);
-            });
-            break;
-        }
+        case GENERATOR: machine_walk(walk, four_order_machine(t.GENERATOR_TABLE, 1), NORDER); break;
+        case CENTRIFUGALPUMP: machine_walk(walk, four_order_machine(t.CENTRIFUGALPUMP_TABLE, 1), NORDER); break;
         case RECIPROCATINGPUMP:
             if (t.RECIPROCATINGPUMP_TABLE.size() < 1) break;
             walk.n = t.RECIPROCATINGPUMP_TABLE(1).SPEED;
             for (int o = 1; o <= NORDER; ++o) walk.orders.emplace_back(o, static_cast<double>(o));
             break;
-        case ELECTRICMOTOR: {
-            if (t.ELECTRICMOTOR_TABLE.size() < 1) break;
-            const ElectricMotorTable& m = t.ELECTRICMOTOR_TABLE;
-            walk.n = m(1).SPEED;
-            listed_orders(walk, GLOBAL_ELECTRICMOTOR::GET_ELECTRICMOTOR_MOTORORDERNUMBER(m, 1), NORDER,
-                          [&](int o) { return m(1).MOTORORDER[static_cast<std::size_t>(o - 1)]; });
-            break;
-        }
+        case ELECTRICMOTOR: machine_walk(walk, four_order_machine(t.ELECTRICMOTOR_TABLE, 1), NORDER); break;
         default:
             break;
     }

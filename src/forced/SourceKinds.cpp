@@ -26,56 +26,13 @@ constexpr std::array<KindData, NKIND> KINDS{{
     {"ElectricMotor", CODES::COMPONENT_ELECTRICMOTOR},
 }};
 
-constexpr int ORDERS_OF_A_MACHINE = 4;  // generator, centrifugal pump, electric motor
-
-// A generator, centrifugal pump or electric motor: up to four orders with a torque
-// amplitude each, on one inertia.
-struct FourOrderMachine {
-    double speed = 0.0;
-    int node = 0;
-    int number = 0;  // orders in use
-    std::array<double, ORDERS_OF_A_MACHINE> orders{};
-    std::array<double, ORDERS_OF_A_MACHINE> amps{};
-    double phase = 0.0;
-};
-
-FourOrderMachine four_order_machine(SourceKind kind, const ModelTables& t, int u) {
-    FourOrderMachine m;
+// A generator, centrifugal pump or electric motor as the forced calculation reads it.
+FourOrderMachine machine(SourceKind kind, const ModelTables& t, int u) {
     switch (kind) {
-        case GENERATOR: {
-            const GeneratorRecord& g = t.GENERATOR_TABLE(u);
-            m.speed = g.SPEED;
-            m.node = g.GENERATORNODE;
-            m.number = g.GENERATORORDERNUMBER;
-            for (int k = 1; k <= ORDERS_OF_A_MACHINE; ++k)
-                m.orders[k - 1] = GLOBAL_GENERATOR::generator_order(t.GENERATOR_TABLE, u, k);
-            m.amps = g.GENTORQUEAMP;
-            break;
-        }
-        case CENTRIFUGALPUMP: {
-            const CentrifugalPumpRecord& p = t.CENTRIFUGALPUMP_TABLE(u);
-            m.speed = p.SPEED;
-            m.node = p.CENTRIFUGALPUMPNODE;
-            m.number = p.CENTRIFUGALPUMPORDERNUMBER;
-            for (int k = 1; k <= ORDERS_OF_A_MACHINE; ++k)
-                m.orders[k - 1] = GLOBAL_CENTRIFUGALPUMP::centrifugalpump_order(t.CENTRIFUGALPUMP_TABLE, u, k);
-            m.amps = p.CENTRIFUGALPUMPTORQUEAMP;
-            m.phase = p.CENTRIFUGALPUMPPHASEANGLE;
-            break;
-        }
-        default: {  // ELECTRICMOTOR
-            const ElectricMotorRecord& e = t.ELECTRICMOTOR_TABLE(u);
-            // A motor on a converter of constant frequency excites at that fixed speed.
-            m.speed = e.EXCITATIONTYPE == 0 ? e.SPEED : e.CONSTEXCITATIONFREQ;
-            m.node = e.ELECTRICMOTORNODE;
-            m.number = GLOBAL_ELECTRICMOTOR::GET_ELECTRICMOTOR_MOTORORDERNUMBER(t.ELECTRICMOTOR_TABLE, u);
-            for (int k = 1; k <= ORDERS_OF_A_MACHINE; ++k)
-                m.orders[k - 1] = GLOBAL_ELECTRICMOTOR::motor_order(t.ELECTRICMOTOR_TABLE, u, k);
-            m.amps = e.MOTORTORQUEAMP;
-            break;
-        }
+        case GENERATOR: return four_order_machine(t.GENERATOR_TABLE, u);
+        case CENTRIFUGALPUMP: return four_order_machine(t.CENTRIFUGALPUMP_TABLE, u);
+        default: return four_order_machine(t.ELECTRICMOTOR_TABLE, u);
     }
-    return m;
 }
 
 void one_point(UnitExcitation& ex, int node, double phase, int NORDER) {
@@ -89,13 +46,13 @@ void one_point(UnitExcitation& ex, int node, double phase, int NORDER) {
 // Generator, centrifugal pump, electric motor: a torque a*sin(phi) of each order in use,
 // the coefficient -a/2 in the imaginary part; the places behind them have order 0.
 void four_order_excitation(const FourOrderMachine& m, int NORDER, UnitExcitation& ex) {
-    ex.SPEED = m.speed;
-    one_point(ex, m.node, m.phase, NORDER);
-    const int n = std::min({m.number, ORDERS_OF_A_MACHINE, NORDER});
-    for (int k = 1; k <= std::min(ORDERS_OF_A_MACHINE, NORDER); ++k) {
+    ex.SPEED = m.EXCITATIONSPEED;
+    one_point(ex, m.NODE, m.PHASEANGLE, NORDER);
+    const int n = std::min({m.ORDERNUMBER, MACHINEORDERS, NORDER});
+    for (int k = 1; k <= std::min(MACHINEORDERS, NORDER); ++k) {
         if (k > n) break;
-        ex.FOIM[static_cast<std::size_t>(k - 1)] = -0.5 * m.amps[static_cast<std::size_t>(k - 1)];
-        ex.EXFO[static_cast<std::size_t>(k - 1)] = m.orders[static_cast<std::size_t>(k - 1)];
+        ex.FOIM[static_cast<std::size_t>(k - 1)] = -0.5 * m.TORQUEAMP[static_cast<std::size_t>(k - 1)];
+        ex.EXFO[static_cast<std::size_t>(k - 1)] = m.ORDERS[static_cast<std::size_t>(k - 1)];
     }
     // The lowest positive order in use gives the unit's base frequency.
     ex.BASEORDER = 0.0;
@@ -186,7 +143,7 @@ int order_count(SourceKind kind, const ModelTables& t, bool ISPROPELLERICE) {
         case RECIPROCATINGPUMP: return 20;
         case GENERATOR:
         case CENTRIFUGALPUMP:
-        case ELECTRICMOTOR: return ORDERS_OF_A_MACHINE;
+        case ELECTRICMOTOR: return MACHINEORDERS;
     }
     return 0;
 }
@@ -194,9 +151,9 @@ int order_count(SourceKind kind, const ModelTables& t, bool ISPROPELLERICE) {
 bool runs_driver(SourceKind kind, const ModelTables& t, int u) {
     if (u < 1 || u > unit_count(kind, t)) return false;
     switch (kind) {
-        case GENERATOR: return t.GENERATOR_TABLE(u).GENERATORORDERNUMBER > 0;
-        case CENTRIFUGALPUMP: return t.CENTRIFUGALPUMP_TABLE(u).CENTRIFUGALPUMPORDERNUMBER > 0;
-        case ELECTRICMOTOR: return GLOBAL_ELECTRICMOTOR::GET_ELECTRICMOTOR_MOTORORDERNUMBER(t.ELECTRICMOTOR_TABLE, u) > 0;
+        case GENERATOR:
+        case CENTRIFUGALPUMP:
+        case ELECTRICMOTOR: return machine(kind, t, u).ORDERNUMBER > 0;
         default: return true;
     }
 }
@@ -241,7 +198,7 @@ void unit_excitation(SourceKind kind, const ModelTables& t, int u, bool ISPROPEL
         case PROPELLER: propeller_excitation(t, u, ISPROPELLERICE, NORDER, ex); return;
         case GENERATOR:
         case CENTRIFUGALPUMP:
-        case ELECTRICMOTOR: four_order_excitation(four_order_machine(kind, t, u), NORDER, ex); return;
+        case ELECTRICMOTOR: four_order_excitation(machine(kind, t, u), NORDER, ex); return;
     }
 }
 

@@ -29,8 +29,9 @@ void set_component_speed_ratios(ModelTables& t) {
     from_inertia(t.DIESEL_TABLE, m, [](const DieselRecord& r) { return r.CYLINDERS[0]; });
     from_inertia(t.RECIPROCATINGPUMP_TABLE, m, [](const ReciprocatingPumpRecord& r) { return r.CYLINDERS[0]; });
     from_inertia(t.ELECTRICMOTOR_TABLE, m, [](const ElectricMotorRecord& r) { return r.ELECTRICMOTORNODE; });
-    from_inertia(t.GASTURBINE_TABLE, m, [](const GasTurbineRecord& r) { return r.GASTURBINENODE; });
-    from_inertia(t.STEAMTURBINE_TABLE, m, [](const SteamTurbineRecord& r) { return r.STEAMTURBINENODE; });
+    const auto turbine = [](const TurbineRecord& r) { return r.TURBINENODE; };
+    from_inertia(t.GASTURBINE_TABLE, m, turbine);
+    from_inertia(t.STEAMTURBINE_TABLE, m, turbine);
     from_inertia(t.GENERATOR_TABLE, m, [](const GeneratorRecord& r) { return r.GENERATORNODE; });
     from_inertia(t.CENTRIFUGALPUMP_TABLE, m,
                  [](const CentrifugalPumpRecord& r) { return r.CENTRIFUGALPUMPNODE; });

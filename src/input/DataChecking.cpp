@@ -468,10 +468,10 @@ void DATACHECKING(RunContext& ctx, bool& ISSUCCESS, ModelTables& t, int CALCULAT
                    [](const ElectricMotorRecord& m) { return m.ELECTRICMOTORNODE; });
     check_machines(f, g, t.GASTURBINE_TABLE, "Error: Gas turbine ", "Error: Gas turbine ",
                    " has a electric motor node not listed in Inertia table (",
-                   [](const GasTurbineRecord& m) { return m.GASTURBINENODE; });
+                   [](const TurbineRecord& m) { return m.TURBINENODE; });
     check_machines(f, g, t.STEAMTURBINE_TABLE, "Error: Steam turbine ", "Error: Steam turbine ",
                    " has a electric motor node not listed in Inertia table (",
-                   [](const SteamTurbineRecord& m) { return m.STEAMTURBINENODE; });
+                   [](const TurbineRecord& m) { return m.TURBINENODE; });
     check_propellers(f, t);
     check_machines(f, g, t.GENERATOR_TABLE, "Error: Generator ", "Error: Generator ",
                    " has a electric motor node not listed in Inertia table (",

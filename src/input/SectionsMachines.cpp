@@ -56,6 +56,37 @@ bool read_four(InputReader& reader, Four& v, const char* items) {
 
 Four percent(const Four& v) { return {v[0] / 100.0, v[1] / 100.0, v[2] / 100.0, v[3] / 100.0}; }
 
+// The order line and the amplitude line of a generator, centrifugal pump or electric motor,
+// each stored as soon as it is read; the amplitudes come in percent and are kept as fractions.
+template <class MachineTable>
+using SetFour = void (*)(MachineTable&, int, double, double, double, double);
+
+template <class MachineTable>
+bool read_orders(InputReader& reader, MachineTable& table, int row, const char* orderItems,
+                 SetFour<MachineTable> setOrder, const char* torqueItems, SetFour<MachineTable> setFraction) {
+    Four order{}, torque{};
+    if (!read_four(reader, order, orderItems)) return false;
+    setOrder(table, row, order[0], order[1], order[2], order[3]);
+    if (!read_four(reader, torque, torqueItems)) return false;
+    const Four share = percent(torque);
+    setFraction(table, row, share[0], share[1], share[2], share[3]);
+    return true;
+}
+
+// Gas and steam turbines: the node and the rating.
+bool read_turbine(InputReader& reader, TurbineRecord& turbine, const char* items, int componentType,
+                  int massType) {
+    if (!read_id(reader, turbine.ID)) return false;
+    reader.next_line();
+    int node = 0;
+    double power = 0.0, speed = 0.0;
+    if (!ValueReader(reader.line).read_all(node, power, speed)) return reader.fail(read_message(items));
+    turbine.TURBINENODE = node;
+    set_rating(turbine, power, speed);
+    mark_inertia(reader.tables.MASS_TABLE, node, componentType, massType, turbine.ID);
+    return true;
+}
+
 }  // namespace
 
 bool SECTION_ELECTRICMOTOR(InputReader& reader, int row) {
@@ -75,12 +106,10 @@ bool SECTION_ELECTRICMOTOR(InputReader& reader, int row) {
     motor.CONSTEXCITATIONFREQ = constFrequency;
     GLOBAL_ELECTRICMOTOR::SET_ELECTRICMOTOR_MOTORORDERNUMBER(table, row, orderNumber);
 
-    Four order{}, torque{};
-    if (!read_four(reader, order, "Electric motor order")) return false;
-    GLOBAL_ELECTRICMOTOR::SET_ELECTRICMOTOR_MOTORORDER(table, row, order[0], order[1], order[2], order[3]);
-    if (!read_four(reader, torque, "Electric motor torque amplitude")) return false;
-    const Four share = percent(torque);
-    GLOBAL_ELECTRICMOTOR::SET_ELECTRICMOTOR_MOTORTORQUEPERCENT(table, row, share[0], share[1], share[2], share[3]);
+    using namespace GLOBAL_ELECTRICMOTOR;
+    if (!read_orders(reader, table, row, "Electric motor order", SET_ELECTRICMOTOR_MOTORORDER,
+                     "Electric motor torque amplitude", SET_ELECTRICMOTOR_MOTORTORQUEPERCENT))
+        return false;
 
     mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_ELECTRICMOTOR, CODES::MASSTYPE_ELECTRICMOTOR, motor.ID);
     return true;
@@ -100,12 +129,10 @@ bool SECTION_GENERATOR(InputReader& reader, int row) {
     set_rating(generator, power, speed);
     generator.GENERATORORDERNUMBER = orderNumber;
 
-    Four order{}, torque{};
-    if (!read_four(reader, order, "Generator torque order")) return false;
-    GLOBAL_GENERATOR::SET_GENERATOR_GENERATORORDER(table, row, order[0], order[1], order[2], order[3]);
-    if (!read_four(reader, torque, "Generator torque amplitude")) return false;
-    const Four share = percent(torque);
-    GLOBAL_GENERATOR::SET_GENERATOR_GENERATORTORQUEPERCENT(table, row, share[0], share[1], share[2], share[3]);
+    using namespace GLOBAL_GENERATOR;
+    if (!read_orders(reader, table, row, "Generator torque order", SET_GENERATOR_GENERATORORDER,
+                     "Generator torque amplitude", SET_GENERATOR_GENERATORTORQUEPERCENT))
+        return false;
 
     mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_GENERATOR, CODES::MASSTYPE_GENERATOR, generator.ID);
     return true;
@@ -127,45 +154,23 @@ bool SECTION_CENTRIFUGALPUMP(InputReader& reader, int row) {
     pump.CENTRIFUGALPUMPORDERNUMBER = orderNumber;
     pump.CENTRIFUGALPUMPPHASEANGLE = radians(phase);
 
-    Four order{}, torque{};
-    if (!read_four(reader, order, "Centrifugal pump torque order")) return false;
-    GLOBAL_CENTRIFUGALPUMP::SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDER(table, row, order[0], order[1], order[2],
-                                                                     order[3]);
-    if (!read_four(reader, torque, "Centrifugal pump torque amplitude")) return false;
-    const Four share = percent(torque);
-    GLOBAL_CENTRIFUGALPUMP::SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPTORQUEPERCENT(table, row, share[0], share[1],
-                                                                             share[2], share[3]);
+    using namespace GLOBAL_CENTRIFUGALPUMP;
+    if (!read_orders(reader, table, row, "Centrifugal pump torque order", SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPORDER,
+                     "Centrifugal pump torque amplitude", SET_CENTRIFUGALPUMP_CENTRIFUGALPUMPTORQUEPERCENT))
+        return false;
 
     mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_CENTRIFUGALPUMP, CODES::MASSTYPE_CENTRIFUGALPUMP, pump.ID);
     return true;
 }
 
 bool SECTION_GASTURBINE(InputReader& reader, int row) {
-    GasTurbineRecord& turbine = reader.tables.GASTURBINE_TABLE(row);
-    if (!read_id(reader, turbine.ID)) return false;
-    reader.next_line();
-    int node = 0;
-    double power = 0.0, speed = 0.0;
-    if (!ValueReader(reader.line).read_all(node, power, speed))
-        return reader.fail(read_message("GasTurbineNode, McrPower, McrSpeed"));
-    turbine.GASTURBINENODE = node;
-    set_rating(turbine, power, speed);
-    mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_GASTURBINE, CODES::MASSTYPE_GASTURBINE, turbine.ID);
-    return true;
+    return read_turbine(reader, reader.tables.GASTURBINE_TABLE(row), "GasTurbineNode, McrPower, McrSpeed",
+                        CODES::COMPONENT_GASTURBINE, CODES::MASSTYPE_GASTURBINE);
 }
 
 bool SECTION_STEAMTURBINE(InputReader& reader, int row) {
-    SteamTurbineRecord& turbine = reader.tables.STEAMTURBINE_TABLE(row);
-    if (!read_id(reader, turbine.ID)) return false;
-    reader.next_line();
-    int node = 0;
-    double power = 0.0, speed = 0.0;
-    if (!ValueReader(reader.line).read_all(node, power, speed))
-        return reader.fail(read_message("SteamTurbineNode, McrPower, McrSpeed"));
-    turbine.STEAMTURBINENODE = node;
-    set_rating(turbine, power, speed);
-    mark_inertia(reader.tables.MASS_TABLE, node, CODES::COMPONENT_STEAMTURBINE, CODES::MASSTYPE_STEAMTURBINE, turbine.ID);
-    return true;
+    return read_turbine(reader, reader.tables.STEAMTURBINE_TABLE(row), "SteamTurbineNode, McrPower, McrSpeed",
+                        CODES::COMPONENT_STEAMTURBINE, CODES::MASSTYPE_STEAMTURBINE);
 }
 
 bool SECTION_PROPELLER(InputReader& reader, int row) {
