@@ -67,9 +67,10 @@ void BM_ForcedOneLoadCase(benchmark::State& state) {
     SweepState sweep;
     CALCULATELOADCASESHAFTPOWER(t, sweep.LOADCASE_SHAFTPOWER);
     LoadCaseResults res;
+    LoadCaseScratch work;  // handed from call to call, as a worker does
     const int lc = plan.dims.NLOADCASE;  // the rated load case
     for (auto _ : state) {
-        compute_load_case(t, plan, sweep, lc, res);
+        compute_load_case(t, plan, sweep, lc, res, &work);
         benchmark::DoNotOptimize(res.NOMTORQUE.data());
     }
     t.deallocate_all();

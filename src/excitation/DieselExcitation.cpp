@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstddef>
 
@@ -28,10 +29,9 @@ Curve crank_angles() {
 }
 
 // One gas pressure curve of the engine at the load case pressures, turned to start at
-// firing top dead centre, repeated over 720 points for a two-stroke on the 720-point axis,
-// and reduced to its tangential pressure harmonics.
-void theoretical_gas_coefficients(const DieselRecord& e, bool misfiring, int NPOINTS, int NCOEF,
-                                  const Curve& ALPHA, Coefficients& GASFC) {
+// firing top dead centre and repeated over 720 points for a two-stroke on the 720-point
+// axis. Returns the number of points the harmonics are taken over.
+void theoretical_gas_curve(const DieselRecord& e, bool misfiring, int NCOEF, Curve& curve) {
     Curve raw{};
     double mip = 0.0;
     bool success = false;
@@ -42,7 +42,7 @@ void theoretical_gas_coefficients(const DieselRecord& e, bool misfiring, int NPO
         e.ANGLEINLETSTART, e.ANGLEINLETCLOSE, raw.data(), mip, success);
 
     // The raw curve has firing top dead centre at entry 181 (zero-based 180).
-    Curve curve{};
+    curve.fill(0.0);
     const auto tdc = raw.begin() + 180;
     if (e.NSTROKE == 2) {
         std::copy(tdc, raw.begin() + 360, curve.begin());
@@ -53,9 +53,50 @@ void theoretical_gas_coefficients(const DieselRecord& e, bool misfiring, int NPO
     }
     if (NCOEF == 24 && e.NSTROKE == 2)
         std::copy(curve.begin(), curve.begin() + 360, curve.begin() + 360);
+}
 
+// The curve reduced to its tangential pressure harmonics.
+void theoretical_gas_coefficients(const DieselRecord& e, bool misfiring, int NPOINTS, int NCOEF,
+                                  const Curve& ALPHA, Coefficients& GASFC) {
+    Curve curve;
+    theoretical_gas_curve(e, misfiring, NCOEF, curve);
     PRESSUREFOURIERCOEFFICIENTS(NPOINTS, NCOEF + 1, GASFC.data(), curve.data(), ALPHA.data(),
                                 e.CONRODRATIO);
+}
+
+std::uint64_t bits(double x) { return std::bit_cast<std::uint64_t>(x); }
+std::uint64_t bits(int x) { return static_cast<std::uint64_t>(static_cast<std::int64_t>(x)); }
+
+// Everything the pressure curve and its harmonics are made from.
+GLOBAL_DIESEL::DieselHarmonicsShare::Key gas_key(const DieselRecord& e, bool misfiring, int NPOINTS,
+                                                 int NCOEF) {
+    return {bits(misfiring ? 1 : 0), bits(NPOINTS),           bits(NCOEF),
+            bits(e.NSTROKE),         bits(e.BORE),            bits(e.STROKE),
+            bits(e.CONRODRATIO),     bits(e.COMPRATIO),       bits(e.PCHARGEAIRRPM),
+            bits(e.TCHARGEAIR),      bits(e.SPEED),           bits(e.POWERPERCYL),
+            bits(e.PMAXRPM),         bits(e.PCOMPRPM),        bits(e.COMPEXP),
+            bits(e.EXPAEXP),         bits(e.TE),              bits(e.ME),
+            bits(e.FORMFACTOR),      bits(e.ANGLEIGNITION),   bits(e.ANGLEENDOFCOMB),
+            bits(e.ANGLEEXHAUSTSTART), bits(e.ANGLEINLETSTART), bits(e.ANGLEINLETCLOSE)};
+}
+
+// theoretical_gas_coefficients through the share: a curve of the same inputs is reduced
+// once. The crank factors come from the share; the products and quotients per point and
+// the transform are those of PRESSUREFOURIERCOEFFICIENTS.
+const Coefficients& shared_gas_coefficients(const DieselRecord& e, bool misfiring, int NPOINTS, int NCOEF,
+                                            GLOBAL_DIESEL::DieselHarmonicsShare& share) {
+    const auto key = gas_key(e, misfiring, NPOINTS, NCOEF);
+    if (const Coefficients* kept = share.find(key)) return *kept;
+    const double* SINAB = nullptr;
+    const double* COSB = nullptr;
+    share.crank_factors(NPOINTS, e.CONRODRATIO, SINAB, COSB);
+    Curve curve;
+    theoretical_gas_curve(e, misfiring, NCOEF, curve);
+    for (int i = 0; i < NPOINTS; ++i) curve[static_cast<std::size_t>(i)] = curve[static_cast<std::size_t>(i)] * SINAB[i] / COSB[i];
+    Coefficients& GASFC = share.insert(key);
+    GASFC.assign(static_cast<std::size_t>(NCOEF) + 1, {0.0, 0.0});
+    DFT::DISCRETEFOURIERTRANSFORM(NPOINTS, NCOEF + 1, GASFC.data(), curve.data());
+    return GASFC;
 }
 
 // Gas harmonics from the measured files at the mean indicated pressure of this cylinder.
@@ -116,6 +157,67 @@ void copy_places(const DieselCoefficients& from, int NCOEF, Coefficients& to) {
 
 namespace GLOBAL_DIESEL {
 
+const DieselHarmonicsShare::Harmonics* DieselHarmonicsShare::find(const Key& key) const {
+    for (std::size_t k = 0; k < used_; ++k)
+        if (entries_[k].key == key) return &entries_[k].FC;
+    return nullptr;
+}
+
+DieselHarmonicsShare::Harmonics& DieselHarmonicsShare::insert(const Key& key) {
+    std::size_t k = used_;
+    if (used_ < CAPACITY) {
+        ++used_;
+    } else {
+        k = next_;
+        next_ = (next_ + 1) % CAPACITY;
+    }
+    // Never more than CAPACITY entries: harmonics handed out earlier stay where they are.
+    if (entries_.capacity() < CAPACITY) entries_.reserve(CAPACITY);
+    if (entries_.size() < used_) entries_.resize(used_);
+    entries_[k].key = key;
+    return entries_[k].FC;
+}
+
+const double* DieselHarmonicsShare::crank_angles() {
+    if (alpha_.empty()) {
+        alpha_.resize(THEORETICALPRESSURE::CYLPRESSURES_SIZE);
+        FILLCRANKANGLES(static_cast<int>(alpha_.size()), alpha_.data());
+    }
+    return alpha_.data();
+}
+
+const DieselHarmonicsShare::Harmonics& DieselHarmonicsShare::mass_harmonics(int NPOINTS, int NCOEF,
+                                                                           double CONRODRATIO) {
+    const Key key{bits(NPOINTS), bits(NCOEF), bits(CONRODRATIO)};
+    if (!hasMass_ || key != massKey_) {
+        mass_.assign(static_cast<std::size_t>(NCOEF) + 1, {0.0, 0.0});
+        OSCILLATINGMASSFOURIERCOEFFICIENTS(NPOINTS, NCOEF + 1, mass_.data(), crank_angles(), CONRODRATIO);
+        massKey_ = key;
+        hasMass_ = true;
+    }
+    return mass_;
+}
+
+void DieselHarmonicsShare::crank_factors(int NPOINTS, double CONRODRATIO, const double*& SINAB,
+                                         const double*& COSB) {
+    const Key key{bits(NPOINTS), bits(CONRODRATIO)};
+    if (!hasFactors_ || key != factorKey_) {
+        const double* ALPHA = crank_angles();
+        const auto n = static_cast<std::size_t>(std::max(NPOINTS, 0));
+        sinab_.resize(n);
+        cosb_.resize(n);
+        for (std::size_t i = 0; i < n; ++i) {
+            const double beta = std::asin(CONRODRATIO * std::sin(ALPHA[i]));
+            sinab_[i] = std::sin(ALPHA[i] + beta);
+            cosb_[i] = std::cos(beta);
+        }
+        factorKey_ = key;
+        hasFactors_ = true;
+    }
+    SINAB = sinab_.data();
+    COSB = cosb_.data();
+}
+
 void GETNORMALFIRINGHARMONICDATA(const DieselTable& table, int i, double mip, int& count,
                                  std::vector<std::complex<double>>& HARMONICDATA) {
     const DieselRecord& e = table(i);
@@ -134,22 +236,37 @@ void GETMISFIRINGHARMONICDATA(const DieselTable& table, int i, double mip, int& 
 
 void CALCULATE_DIESEL_FOURIERCOEFFICIENT(DieselTable& table, int i,
                                          const LoadCaseGensetTable& LOADCASEGENSET_TABLE,
-                                         int cylinder, bool isBankA) {
+                                         int cylinder, bool isBankA, DieselHarmonicsShare* share) {
     if (i < 1 || i > table.size()) return;
     const int NCOEF = GET_DIESEL_NCYLFOURIERCOEFFICIENTS(table);
     const int NPOINTS = NCOEF == 20 ? 360 : 720;
     const auto n = static_cast<std::size_t>(NCOEF) + 1;
-    Coefficients NORMALGASFC(n), MISFIRINGGASFC(n), MASSFC(n);
+    Coefficients NORMALGASFC(n), MISFIRINGGASFC(n), MASSFC;
 
-    const Curve ALPHA = crank_angles();
+    // With a share, the crank angles are needed only by what the share makes from them.
+    Curve ALPHA{};
+    if (!share) ALPHA = crank_angles();
     DieselRecord& e = table(i);
-    OSCILLATINGMASSFOURIERCOEFFICIENTS(NPOINTS, NCOEF + 1, MASSFC.data(), ALPHA.data(),
-                                       e.CONRODRATIO);
+    const Coefficients* mass = &MASSFC;
+    if (share) {
+        mass = &share->mass_harmonics(NPOINTS, NCOEF, e.CONRODRATIO);
+    } else {
+        MASSFC.resize(n);
+        OSCILLATINGMASSFOURIERCOEFFICIENTS(NPOINTS, NCOEF + 1, MASSFC.data(), ALPHA.data(),
+                                           e.CONRODRATIO);
+    }
 
+    const Coefficients* normal = &NORMALGASFC;
+    const Coefficients* misfiring = &MISFIRINGGASFC;
     if (e.ISTHEORETICALPRESURE) {
         CALCULATE_DIESEL_LOADCASESETTING(table, i, LOADCASEGENSET_TABLE, cylinder, isBankA);
-        theoretical_gas_coefficients(e, false, NPOINTS, NCOEF, ALPHA, NORMALGASFC);
-        theoretical_gas_coefficients(e, true, NPOINTS, NCOEF, ALPHA, MISFIRINGGASFC);
+        if (share) {
+            normal = &shared_gas_coefficients(e, false, NPOINTS, NCOEF, *share);
+            misfiring = &shared_gas_coefficients(e, true, NPOINTS, NCOEF, *share);
+        } else {
+            theoretical_gas_coefficients(e, false, NPOINTS, NCOEF, ALPHA, NORMALGASFC);
+            theoretical_gas_coefficients(e, true, NPOINTS, NCOEF, ALPHA, MISFIRINGGASFC);
+        }
     } else {
         measured_gas_coefficients(table, i, cylinder, isBankA, NCOEF, NORMALGASFC,
                                   MISFIRINGGASFC);
@@ -160,11 +277,11 @@ void CALCULATE_DIESEL_FOURIERCOEFFICIENT(DieselTable& table, int i,
         const auto place = static_cast<std::size_t>(k - 1);
         if (hasCylinder) {
             DieselGasCoefficients& gas = e.GASFCPERCYLINDER[static_cast<std::size_t>(cylinder - 1)];
-            (isBankA ? gas.NORMALGASFCBANKBANKA : gas.NORMALGASFCBANKB)[place] = NORMALGASFC[place + 1];
+            (isBankA ? gas.NORMALGASFCBANKBANKA : gas.NORMALGASFCBANKB)[place] = (*normal)[place + 1];
             (isBankA ? gas.MISFIRINGGASFCBANKBANKA : gas.MISFIRINGGASFCBANKB)[place] =
-                MISFIRINGGASFC[place + 1];
+                (*misfiring)[place + 1];
         }
-        e.MASSFC[place] = MASSFC[place + 1];
+        e.MASSFC[place] = (*mass)[place + 1];
     }
 }
 

@@ -93,24 +93,27 @@ SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_T
                           const ViscousDamperTable& VISCOUSDAMPER_TABLE, ForcedSolverRecord& self, int NORDER,
                           double OMEGA, double* XAMP, double* XANGLE, double* XRE, double* XIM,
                           const std::vector<cplx>& G, int NEXCITE, const double* EXFO, const double* FIRINGANGLES,
-                          const int* FIRINGORDERGLOBAL, FORCEDVIBRATION::SolvePath path) {
+                          const int* FIRINGORDERGLOBAL, FORCEDVIBRATION::SolvePath path, SolveScratch* scratch) {
     const auto n = static_cast<std::size_t>(self.order);
     for (std::size_t t = 0; t < n * static_cast<std::size_t>(NORDER); ++t) XAMP[t] = XANGLE[t] = XRE[t] = XIM[t] = 0.0;
     if (n == 0) return {};
 
-    std::vector<cplx> MATRIX;  // the dense system, allocated at the first order solved densely
-    std::vector<cplx> rhs(n);
-    std::vector<cplx> excitation;  // the right-hand side kept for a dense retry
-    std::vector<int> IPIV(n);
-    std::vector<cplx> GK(static_cast<std::size_t>(NEXCITE > 0 ? NEXCITE : 0));
+    SolveScratch own;
+    SolveScratch& w = scratch ? *scratch : own;
+    std::vector<cplx>& MATRIX = w.MATRIX;  // the dense system, sized at the first order solved densely
+    std::vector<cplx>& rhs = w.rhs;
+    std::vector<cplx>& excitation = w.excitation;  // the right-hand side kept for a dense retry
+    std::vector<cplx>& GK = w.GK;
+    std::vector<int>& IPIV = w.IPIV;
+    rhs.resize(n);
+    IPIV.resize(n);
+    GK.resize(static_cast<std::size_t>(NEXCITE > 0 ? NEXCITE : 0));
     const bool rebuild = DAMPINGDEPENDSONORDER(GEISLINGERCOUPLING_TABLE, DIESEL_TABLE, VISCOUSDAMPER_TABLE);
-    SystemMatrices orderwise;  // the arrays of the current order when damping follows the order
+    SystemMatrices& orderwise = w.orderwise;  // the arrays of the current order when damping follows the order
     const bool fast = path == FORCEDVIBRATION::SolvePath::FAST;
     // The rebuilt arrays keep the pattern of the driver's: one plan serves every order.
-    const SystemMatrices* mxfirst = self.mx;
-    TreePlan plan;
-    if (fast) plan = make_tree_plan(*mxfirst);
-    TreeWork work;
+    TreePlan& plan = w.plan;
+    if (fast) update_tree_plan(plan, *self.mx);
 
     for (int i = 1; i <= NORDER; ++i) {
         const double order = EXFO[i - 1];
@@ -123,18 +126,7 @@ SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_T
                 false, MASS_TABLE, SHAFT_TABLE, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE, VISCOUSDAMPER_TABLE, order,
                 orderwise);
             INITIALIZE(self, orderwise, self.kind);
-            if (fast && plan.usable) {
-                const SystemMatrices& first = *mxfirst;
-                const bool same = orderwise.N == first.N && orderwise.NNZ == first.NNZ &&
-                                  std::equal(orderwise.ROWIND.data(), orderwise.ROWIND.data() + orderwise.ROWIND.size(),
-                                             first.ROWIND.data(), first.ROWIND.data() + first.ROWIND.size()) &&
-                                  std::equal(orderwise.COLIND.data(), orderwise.COLIND.data() + orderwise.COLIND.size(),
-                                             first.COLIND.data(), first.COLIND.data() + first.COLIND.size());
-                if (same)
-                    gather_tree_values(plan, orderwise);
-                else
-                    plan = make_tree_plan(orderwise);
-            }
+            if (fast && plan.usable) update_tree_plan(plan, orderwise);
         }
         std::fill(rhs.begin(), rhs.end(), cplx(0.0, 0.0));
         for (std::size_t j = 0; j < GK.size(); ++j) GK[j] = G[j * static_cast<std::size_t>(NORDER) + (i - 1)];
@@ -142,12 +134,11 @@ SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_T
         bool solved = false;
         if (fast && plan.usable) {
             excitation = rhs;
-            solved = tree_solve(plan, OMEGA * order, rhs, work);
+            solved = tree_solve(plan, OMEGA * order, rhs, w.work);
             if (!solved) rhs = excitation;
         }
         if (!solved) {
-            if (MATRIX.empty()) MATRIX.resize(n * n);
-            std::fill(MATRIX.begin(), MATRIX.end(), cplx(0.0, 0.0));
+            MATRIX.assign(n * n, cplx(0.0, 0.0));
             MAKEMATRIX(self, 0, OMEGA, order, MATRIX);
             const SolverFailure failure = SOLVELINEARSYSTEM(self, 0, MATRIX, rhs, IPIV);
             if (failure.routine != FORCEDVIBRATION::ROUTINE_NONE) return failure;
@@ -174,10 +165,13 @@ FORCEDVIBRATION::SolverFailure FORCEDDAMPEDVIBRATIONSFC(
     const DieselTable& DIESEL_TABLE, const ViscousDamperTable& VISCOUSDAMPER_TABLE, int NORDER, int NEXCITE,
     double OMEGA, double* XAMP, double* XANGLE, double* XRE, double* XIM, const SystemMatrices& mx,
     const double* FORE, const double* FOIM, const double* EXFO, const double* FIRINGANGLES,
-    const int* FIRINGORDERGLOBAL, int printlevel, FORCEDVIBRATION::SolvePath path) {
+    const int* FIRINGORDERGLOBAL, int printlevel, FORCEDVIBRATION::SolvePath path,
+    FORCEDVIBRATIONSOLVER::SolveScratch* scratch) {
     (void)printlevel;
     const auto count = static_cast<std::size_t>(NEXCITE > 0 ? NEXCITE : 0) * static_cast<std::size_t>(NORDER > 0 ? NORDER : 0);
-    std::vector<std::complex<double>> G(count);
+    std::vector<std::complex<double>> own;
+    std::vector<std::complex<double>>& G = scratch ? scratch->G : own;
+    G.resize(count);
     for (std::size_t k = 0; k < count; ++k) G[k] = {FORE[k], FOIM[k]};
     FORCEDVIBRATIONSOLVER::ForcedSolverRecord self;
     FORCEDVIBRATIONSOLVER::INITIALIZE(self, mx, 1);
@@ -185,7 +179,7 @@ FORCEDVIBRATION::SolverFailure FORCEDDAMPEDVIBRATIONSFC(
         FORCEDVIBRATIONSOLVER::SOLVEFORCED(MASS_TABLE, SHAFT_TABLE, GEISLINGERCOUPLING_TABLE, DIESEL_TABLE,
                                            VISCOUSDAMPER_TABLE, self, NORDER > 0 ? NORDER : 0, OMEGA, XAMP, XANGLE,
                                            XRE, XIM, G, NEXCITE > 0 ? NEXCITE : 0, EXFO, FIRINGANGLES, FIRINGORDERGLOBAL,
-                                           path);
+                                           path, scratch);
     FORCEDVIBRATIONSOLVER::DESTROY(self);
     return failure;
 }

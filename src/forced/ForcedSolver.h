@@ -14,6 +14,7 @@
 #include "base/Table.h"
 #include "components/ModelTables.h"
 #include "forced/SolvePath.h"
+#include "forced/TreeSolve.h"
 #include "matrices/MassStiffnessAndDampingMatrix.h"
 
 namespace qm::FORCEDVIBRATION {
@@ -71,8 +72,21 @@ double XANGLE_OF(double XRE, double XIM);
 bool DAMPINGDEPENDSONORDER(const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
                            const DieselTable& DIESEL_TABLE, const ViscousDamperTable& VISCOUSDAMPER_TABLE);
 
+// Working storage of the solve, kept by a caller that solves many units (one per thread):
+// the excitation and solution of an order, the dense system of an order that falls back to
+// it, the arrays of an order when the damping follows the order, and the tree plan, made
+// anew only when the pattern of the arrays changes.
+struct SolveScratch {
+    std::vector<std::complex<double>> G, GK, rhs, excitation, MATRIX;
+    std::vector<int> IPIV;
+    SystemMatrices orderwise;
+    TreePlan plan;
+    TreeWork work;
+};
+
 // The loop over the orders. An order place whose frequency OMEGA*EXFO is 0.0 (an order 0
 // behind a machine's number of orders, or a standstill) is not solved: its results stay 0.0.
+// Without a scratch the call uses one of its own.
 FORCEDVIBRATION::SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const ShaftTable& SHAFT_TABLE,
                                            const GeislingerCouplingTable& GEISLINGERCOUPLING_TABLE,
                                            const DieselTable& DIESEL_TABLE,
@@ -81,7 +95,8 @@ FORCEDVIBRATION::SolverFailure SOLVEFORCED(const MassTable& MASS_TABLE, const Sh
                                            double* XIM, const std::vector<std::complex<double>>& G, int NEXCITE,
                                            const double* EXFO, const double* FIRINGANGLES,
                                            const int* FIRINGORDERGLOBAL,
-                                           FORCEDVIBRATION::SolvePath path = FORCEDVIBRATION::SolvePath::FAST);
+                                           FORCEDVIBRATION::SolvePath path = FORCEDVIBRATION::SolvePath::FAST,
+                                           SolveScratch* scratch = nullptr);
 
 }  // namespace qm::FORCEDVIBRATIONSOLVER
 
@@ -98,6 +113,7 @@ FORCEDVIBRATION::SolverFailure FORCEDDAMPEDVIBRATIONSFC(
     double OMEGA, double* XAMP, double* XANGLE, double* XRE, double* XIM, const SystemMatrices& mx,
     const double* FORE, const double* FOIM, const double* EXFO, const double* FIRINGANGLES,
     const int* FIRINGORDERGLOBAL, int printlevel,
-    FORCEDVIBRATION::SolvePath path = FORCEDVIBRATION::SolvePath::FAST);
+    FORCEDVIBRATION::SolvePath path = FORCEDVIBRATION::SolvePath::FAST,
+    FORCEDVIBRATIONSOLVER::SolveScratch* scratch = nullptr);
 
 }  // namespace qm::FORCEDDAMPEDVIBRATIONSSOLVERFC

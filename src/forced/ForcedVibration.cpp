@@ -38,7 +38,7 @@ void derive_shaft_results(const ModelTables& tables, const SweepPlan& plan, Kind
                                          r.DAMPINGTORQUEIM.data() + s);
 }
 
-// Frees and allocates the arrays of the synthesis, all 0.0.
+// Sizes the arrays of the synthesis, all 0.0. The curves are sized by the synthesis itself.
 void allocate_synthesis(const SweepPlan& plan, int lc, LoadCaseResults& res) {
     const std::size_t nm = sz(plan.dims.NMASS), ns = sz(plan.dims.NSHAFT);
     for (auto* a : {&res.SYNDEFLECTION, &res.SYNVELOCITY, &res.SYNACCELERATION, &res.SYNPROPICEDEFLECTION,
@@ -48,21 +48,17 @@ void allocate_synthesis(const SweepPlan& plan, int lc, LoadCaseResults& res) {
                     &res.RESULTANTTORQUE, &res.NOMTORQUE, &res.NOMSTRESS, &res.SYNPROPICETORQUE,
                     &res.SYNPROPICESTRESS, &res.SYNPROPICEDAMPINGTORQUE})
         a->assign(ns, 0.0);
-    for (auto* curves : {&res.ANGULARDEFANGLEBASED, &res.ANGLUARVELANGLEBASED, &res.ANGULARACCEANGLEBASED})
-        for (auto& c : *curves) c.assign(nm * CURVE_STEPS, 0.0);
-    for (auto* curves : {&res.TORQUEANGLEBASED, &res.STRESSANGLEBASED, &res.DAMPINGTORQUEANGLEBASED})
-        for (auto& c : *curves) c.assign(ns * CURVE_STEPS, 0.0);
     if (lc == 1 && plan.flags.ISPROPELLERICE) res.PROPELLERSHAFTMARKS.assign(ns, 0.0);
 }
 
 // The six syntheses of a load case over units, orders and kinds, each with its curves:
 // deflection, velocity, acceleration, torque, stress and, with dampers or couplings,
 // damping torque. The torque and damping torque curves are always kept for the resultant.
-void synthesize(const SweepPlan& plan, LoadCaseResults& res) {
+void synthesize(const SweepPlan& plan, LoadCaseResults& res, SynthesisScratch& scratch) {
     using Field = std::vector<double> KindResults::*;
     const auto run = [&](int N, Field re, Field im, std::vector<double>& value, KindCurves& curves, bool keep) {
         SINGLELOADCASESYNTHESIS(N, synthesis_sources(res.kinds, re, im), plan.ISPHASEMODE, value, curves, keep,
-                                plan.flags.HASDIESEL, plan.flags.OUTPUTANGLEBASEDRESULTS, plan.path);
+                                plan.flags.HASDIESEL, plan.flags.OUTPUTANGLEBASEDRESULTS, plan.path, &scratch);
     };
     const int NMASS = plan.dims.NMASS, NSHAFT = plan.dims.NSHAFT;
     run(NMASS, &KindResults::XR, &KindResults::XI, res.SYNDEFLECTION, res.ANGULARDEFANGLEBASED, false);
@@ -73,6 +69,8 @@ void synthesize(const SweepPlan& plan, LoadCaseResults& res) {
     if (plan.flags.HASDAMPERORCOUPLING)
         run(NSHAFT, &KindResults::DAMPINGTORQUERE, &KindResults::DAMPINGTORQUEIM, res.SYNDAMPINGTORQUE,
             res.DAMPINGTORQUEANGLEBASED, true);
+    else
+        for (auto& c : res.DAMPINGTORQUEANGLEBASED) c.clear();
 }
 
 // Writes the n values of one family-1 field array into records c, c+4, ... of a file,
@@ -126,9 +124,12 @@ SweepPlan make_sweep_plan(const ModelTables& t, bool OUTPUTANGLEBASEDRESULTS) {
 }
 
 SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
-                               LoadCaseResults& res) {
-    MASSSTIFFNESSANDDAMPINGMATRIX::LOADCASESETTING(tables, lc);
-    return compute_set_load_case(tables, plan, state, lc, res);
+                               LoadCaseResults& res, LoadCaseScratch* scratch) {
+    LoadCaseScratch own;
+    LoadCaseScratch& work = scratch ? *scratch : own;
+    work.diesel.clear();
+    MASSSTIFFNESSANDDAMPINGMATRIX::LOADCASESETTING(tables, lc, plan.path == SolvePath::FAST ? &work.diesel : nullptr);
+    return compute_set_load_case(tables, plan, state, lc, res, &work);
 }
 
 void prepare_unit_tables_of_load_case(ModelTables& tables, const SweepPlan& plan, int lc) {
@@ -142,7 +143,10 @@ void prepare_unit_tables_of_load_case(ModelTables& tables, const SweepPlan& plan
 }
 
 SweepFailure compute_set_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
-                                   LoadCaseResults& res) {
+                                   LoadCaseResults& res, LoadCaseScratch* scratch) {
+    const bool fast = plan.path == SolvePath::FAST;
+    LoadCaseScratch own;
+    LoadCaseScratch& work = scratch ? *scratch : own;
     res.messages.clear();
 
     // Each unit of each kind by itself.
@@ -158,7 +162,8 @@ SweepFailure compute_set_load_case(ModelTables& tables, const SweepPlan& plan, c
         for (int u = 1; u <= r.NUNIT; ++u) {
             if (runs_driver(kind, tables, u)) {
                 const SolverFailure f =
-                    run_source_driver(kind, tables, u, plan.flags.ISPROPELLERICE, lc, r, res.EXFO, &res.messages, plan.path);
+                    run_source_driver(kind, tables, u, plan.flags.ISPROPELLERICE, lc, r, res.EXFO, &res.messages,
+                                      plan.path, &work.driver);
                 if (f.routine != 0) return {f.routine, f.INFO};
             } else if (kind != ELECTRICMOTOR) {
                 // A generator or centrifugal pump without orders keeps zero blocks. An electric
@@ -171,10 +176,14 @@ SweepFailure compute_set_load_case(ModelTables& tables, const SweepPlan& plan, c
 
     allocate_synthesis(plan, lc, res);
     SINGLELOADCASESHAFTPOWERLOSS(tables, res.kinds, res.SHAFTPOWERLOSS);
-    synthesize(plan, res);
-    if (plan.flags.HASDAMPERORCOUPLING)
+    synthesize(plan, res, work.synthesis);
+    if (plan.flags.HASDAMPERORCOUPLING) {
+        // The fast path skips the zero curves of kinds without units or orders.
+        std::array<bool, NKIND> withUnits{};
+        for (int k = 0; k < NKIND; ++k) withUnits[k] = res.kinds[k].NUNIT > 0 && res.kinds[k].NORDER > 0;
         CALCULATERESULTANTTORQUE(plan.dims.NSHAFT, plan.ISPHASEMODE, res.RESULTANTTORQUE, res.TORQUEANGLEBASED,
-                                 res.DAMPINGTORQUEANGLEBASED);
+                                 res.DAMPINGTORQUEANGLEBASED, fast ? &withUnits : nullptr);
+    }
 
     SINGLELOADCASENOMINALTORQUE(tables, state.LOADCASE_SHAFTPOWER, lc, res.NOMTORQUE);
     if (plan.flags.ISPROPELLERICE)
@@ -183,13 +192,16 @@ SweepFailure compute_set_load_case(ModelTables& tables, const SweepPlan& plan, c
     SINGLELOADCASENOMINALSTRESS(tables.SHAFT_TABLE, res.NOMTORQUE, res.NOMSTRESS);
 
     if (plan.flags.ISPROPELLERICE) {
-        PropellerIceResults ice = propeller_ice_synthesis(res.kinds[PROPELLER], plan.flags.HASDAMPERORCOUPLING);
-        res.SYNPROPICEDEFLECTION = std::move(ice.SYNPROPICEDEFLECTION);
-        res.SYNPROPICEVELOCITY = std::move(ice.SYNPROPICEVELOCITY);
-        res.SYNPROPICEACCELE = std::move(ice.SYNPROPICEACCELE);
-        res.SYNPROPICETORQUE = std::move(ice.SYNPROPICETORQUE);
-        res.SYNPROPICESTRESS = std::move(ice.SYNPROPICESTRESS);
-        res.SYNPROPICEDAMPINGTORQUE = std::move(ice.SYNPROPICEDAMPINGTORQUE);
+        PropellerIceResults& ice = work.ice;
+        propeller_ice_synthesis(res.kinds[PROPELLER], plan.flags.HASDAMPERORCOUPLING, ice, plan.path,
+                                &work.iceSynthesis);
+        // Swapped, not moved: the buffers go round between the results and the scratch.
+        res.SYNPROPICEDEFLECTION.swap(ice.SYNPROPICEDEFLECTION);
+        res.SYNPROPICEVELOCITY.swap(ice.SYNPROPICEVELOCITY);
+        res.SYNPROPICEACCELE.swap(ice.SYNPROPICEACCELE);
+        res.SYNPROPICETORQUE.swap(ice.SYNPROPICETORQUE);
+        res.SYNPROPICESTRESS.swap(ice.SYNPROPICESTRESS);
+        res.SYNPROPICEDAMPINGTORQUE.swap(ice.SYNPROPICEDAMPINGTORQUE);
     }
     return {};
 }

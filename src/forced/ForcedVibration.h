@@ -16,9 +16,12 @@
 #include "base/RunContext.h"
 #include "base/Table.h"
 #include "components/ModelTables.h"
+#include "excitation/DieselExcitation.h"
 #include "forced/ForcedSolver.h"
 #include "forced/KindResults.h"
+#include "forced/PropellerIce.h"
 #include "forced/ResultFiles.h"
+#include "forced/SourceDriver.h"
 #include "forced/Synthesis.h"
 
 namespace qm::FORCEDVIBRATION {
@@ -72,15 +75,29 @@ struct SweepFailure {
     int INFO = 0;
 };
 
+// Working storage of compute_load_case on the fast path. A caller that runs many load cases
+// hands the same scratch (one per thread) to every call, together with the same
+// LoadCaseResults: once both have grown to the model, a load case allocates nothing.
+// Nothing in it carries from one load case to the next but values found again by their
+// exact inputs, so results never depend on the load cases a scratch has seen.
+struct LoadCaseScratch {
+    GLOBAL_DIESEL::DieselHarmonicsShare diesel;  // pressure curves shared by the cylinders
+    DriverScratch driver;                        // the solve of a unit
+    SynthesisScratch synthesis;                  // step angle rows and curves of the synthesis
+    SynthesisScratch iceSynthesis;               // the same for the propeller kind in ice
+    PropellerIceResults ice;                     // buffers the ice results are swapped with
+};
+
 // Computes load case lc into res. Tables are rewritten in place (speeds, powers, torques,
-// working fields). Stops at the first failed factorisation or solve and returns it.
+// working fields). Stops at the first failed factorisation or solve and returns it. Without
+// a scratch the call uses one of its own.
 SweepFailure compute_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
-                               LoadCaseResults& res);
+                               LoadCaseResults& res, LoadCaseScratch* scratch = nullptr);
 
 // compute_load_case without its first step: the tables already hold the setting of load case
 // lc (LOADCASESETTING).
 SweepFailure compute_set_load_case(ModelTables& tables, const SweepPlan& plan, const SweepState& state, int lc,
-                                   LoadCaseResults& res);
+                                   LoadCaseResults& res, LoadCaseScratch* scratch = nullptr);
 
 // What compute_set_load_case leaves in the tables that a later load case can see, without
 // solving anything: the table steps of every unit's driver in the sweep's order. After

@@ -22,7 +22,7 @@ bool set_operating_point(Table<Record>& table, int row, double P, double n) {
 }
 
 // Every cylinder takes the share of a firing cylinder, whether it fires or not.
-void diesel_setting(ModelTables& t, int row, double P, double n, int lc) {
+void diesel_setting(ModelTables& t, int row, double P, double n, int lc, GLOBAL_DIESEL::DieselHarmonicsShare* share) {
     if (row < 1 || row > t.DIESEL_TABLE.size()) return;
     DieselRecord& e = t.DIESEL_TABLE(row);
     const int z = GLOBAL_DIESEL::GET_DIESEL_NFIRINGCYLINDER(t.DIESEL_TABLE, row);
@@ -39,9 +39,10 @@ void diesel_setting(ModelTables& t, int row, double P, double n, int lc) {
     GLOBAL_DIESEL::CALCULATE_DIESEL_TORQUE(t.DIESEL_TABLE, row);
     GLOBAL_DIESEL::CALCULATE_DIESEL_LOADPERCENTAGE(t.DIESEL_TABLE, row);
     for (int c = 1; c <= ncyl; ++c) {
-        GLOBAL_DIESEL::CALCULATE_DIESEL_FOURIERCOEFFICIENT(t.DIESEL_TABLE, row, t.LOADCASEGENSET_TABLE, c, true);
+        GLOBAL_DIESEL::CALCULATE_DIESEL_FOURIERCOEFFICIENT(t.DIESEL_TABLE, row, t.LOADCASEGENSET_TABLE, c, true, share);
         if (t.DIESEL_TABLE(row).ISVENGINE)
-            GLOBAL_DIESEL::CALCULATE_DIESEL_FOURIERCOEFFICIENT(t.DIESEL_TABLE, row, t.LOADCASEGENSET_TABLE, c, false);
+            GLOBAL_DIESEL::CALCULATE_DIESEL_FOURIERCOEFFICIENT(t.DIESEL_TABLE, row, t.LOADCASEGENSET_TABLE, c, false,
+                                                               share);
     }
 }
 
@@ -72,7 +73,7 @@ void reciprocatingpump_setting(ModelTables& t, int row, double P, double n, int 
 
 }  // namespace
 
-void LOADCASESETTING(ModelTables& t, int lc) {
+void LOADCASESETTING(ModelTables& t, int lc, GLOBAL_DIESEL::DieselHarmonicsShare* share) {
     if (lc < 1 || lc > t.LOADCASE_SPEED.size()) return;
     const double n = t.LOADCASE_SPEED(lc);
     for (int i = 1; i <= t.MASS_TABLE.size(); ++i) t.MASS_TABLE(i).SPEED = n * t.MASS_TABLE(i).RPMRATIO;
@@ -86,7 +87,7 @@ void LOADCASESETTING(ModelTables& t, int lc) {
         const int row = FORCEDVIBRATION::component_row(t, type, id);
         switch (type) {
             case CODES::COMPONENT_DIESEL:
-                diesel_setting(t, row, P, n, lc);
+                diesel_setting(t, row, P, n, lc, share);
                 break;
             case CODES::COMPONENT_PROPELLER:
                 if (set_operating_point(t.PROPELLER_TABLE, row, P, n) && t.PROPELLER_TABLE(row).HASICEEXCITATION)

@@ -6,13 +6,18 @@
 
 #include "components/ModelTables.h"
 
+namespace qm::GLOBAL_DIESEL {
+class DieselHarmonicsShare;
+}
+
 namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX {
 
 // Load case lc (1-based) of LOADCASE_SPEED and LOADCASE_POWER. A load case outside the
 // table changes nothing; a component whose ID is in no row of its table is passed over.
 // The torque of a component is POWER / (SPEED * pi / 30) without a guard: at a standstill
 // it follows IEEE arithmetic, except where the component's own model guards it (engines,
-// reciprocating pumps).
-void LOADCASESETTING(ModelTables& tables, int lc);
+// reciprocating pumps). With a share, the cylinders of an engine in the same state and load
+// take one theoretical pressure curve (the same harmonics they would each compute).
+void LOADCASESETTING(ModelTables& tables, int lc, GLOBAL_DIESEL::DieselHarmonicsShare* share = nullptr);
 
 }  // namespace qm::MASSSTIFFNESSANDDAMPINGMATRIX

@@ -23,8 +23,9 @@ namespace {
 SweepFailure walk_serially(ModelTables& tables, const SweepPlan& plan, const SweepState& state,
                            const LoadCaseSink& sink) {
     LoadCaseResults res;
+    LoadCaseScratch scratch;
     for (int lc = 1; lc <= plan.dims.NLOADCASE; ++lc) {
-        const SweepFailure failure = compute_load_case(tables, plan, state, lc, res);
+        const SweepFailure failure = compute_load_case(tables, plan, state, lc, res, &scratch);
         sink(lc, res, failure);
         if (failure.routine != 0) return failure;
     }
@@ -124,7 +125,10 @@ private:
         slot.failure = {};
         slot.error = nullptr;
         try {
-            MASSSTIFFNESSANDDAMPINGMATRIX::LOADCASESETTING(serial_, lc);
+            // The share is used under the settling lock only, by one thread at a time.
+            share_.clear();
+            MASSSTIFFNESSANDDAMPINGMATRIX::LOADCASESETTING(serial_, lc,
+                                                           plan_.path == SolvePath::FAST ? &share_ : nullptr);
             if (copied) {
                 copy_component_tables(serial_, own);
             } else {
@@ -143,12 +147,13 @@ private:
 
     void work() {
         ModelTables own;
+        LoadCaseScratch scratch;
         bool copied = false;
         while (const int lc = claim_and_set(own, copied)) {
             Slot& slot = slot_of(lc);
             if (!slot.error) {
                 try {
-                    slot.failure = compute_set_load_case(own, plan_, state_, lc, slot.res);
+                    slot.failure = compute_set_load_case(own, plan_, state_, lc, slot.res, &scratch);
                 } catch (...) {
                     slot.error = std::current_exception();
                 }
@@ -177,6 +182,7 @@ private:
     const SweepPlan& plan_;
     const SweepState& state_;
     std::mutex settle_;  // held while a load case is claimed and set: one at a time, in order
+    GLOBAL_DIESEL::DieselHarmonicsShare share_;  // pressure curves of the setting, under settle_
     std::mutex mutex_;   // the slots, the counters and the stop
     std::condition_variable changed_;
     int next_claim_ = 1;

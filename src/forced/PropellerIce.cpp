@@ -9,7 +9,8 @@
 namespace qm::FORCEDVIBRATION {
 
 void CALCULATERESULTANTTORQUE(int NSHAFT, bool ISPHASEMODE, std::vector<double>& RESULTANTTORQUE,
-                              const KindCurves& TORQUEANGLEBASED, const KindCurves& DAMPINGTORQUEANGLEBASED) {
+                              const KindCurves& TORQUEANGLEBASED, const KindCurves& DAMPINGTORQUEANGLEBASED,
+                              const std::array<bool, NKIND>* withUnits) {
     NSHAFT = std::max(NSHAFT, 0);
     RESULTANTTORQUE.assign(static_cast<std::size_t>(NSHAFT), 0.0);
     const std::size_t need = static_cast<std::size_t>(NSHAFT) * NSYNSTEP;
@@ -19,6 +20,22 @@ void CALCULATERESULTANTTORQUE(int NSHAFT, bool ISPHASEMODE, std::vector<double>&
             return;  // curves that weren't kept: no resultant to form
 
     std::array<std::array<double, NSYNSTEP>, NKIND> curve{};
+    if (withUnits) {
+        const std::array<double, NSYNSTEP> zero{};
+        for (int j = 1; j <= NSHAFT; ++j) {
+            const std::size_t at = static_cast<std::size_t>(j - 1) * NSYNSTEP;
+            std::array<const double*, NKIND> of{};
+            for (std::size_t kind = 0; kind < NKIND; ++kind) {
+                if (!(*withUnits)[kind]) continue;
+                const double* torque = TORQUEANGLEBASED[kind].data() + at;
+                const double* damping = DAMPINGTORQUEANGLEBASED[kind].data() + at;
+                for (int a = 0; a < NSYNSTEP; ++a) curve[kind][static_cast<std::size_t>(a)] = torque[a] + damping[a];
+                of[kind] = curve[kind].data();
+            }
+            RESULTANTTORQUE[static_cast<std::size_t>(j - 1)] = half_range_sum_present(of, ISPHASEMODE, zero.data());
+        }
+        return;
+    }
     for (int j = 1; j <= NSHAFT; ++j) {
         const std::size_t at = static_cast<std::size_t>(j - 1) * NSYNSTEP;
         for (int kind = 0; kind < NKIND; ++kind) {
@@ -35,7 +52,7 @@ void CALCULATERESULTANTTORQUE(int NSHAFT, bool ISPHASEMODE, std::vector<double>&
 
 void SINGLELOADCASEPROPELLERICESYNTHESIS(int N, int NUNIT, int NORDER, std::span<const double> OMEGA_PROPELLER,
                                          std::span<const double> RESRE, std::span<const double> RESIM,
-                                         std::vector<double>& SYNRESM) {
+                                         std::vector<double>& SYNRESM, SolvePath path, SynthesisScratch* scratch) {
     N = std::max(N, 0);
     SYNRESM.assign(static_cast<std::size_t>(N), 0.0);
     const std::size_t n = static_cast<std::size_t>(N) * std::max(NUNIT, 0) * std::max(NORDER, 0);
@@ -44,15 +61,26 @@ void SINGLELOADCASEPROPELLERICESYNTHESIS(int N, int NUNIT, int NORDER, std::span
         return;
     const double omegaMin = *std::min_element(OMEGA_PROPELLER.begin(), OMEGA_PROPELLER.begin() + NUNIT);
 
+    SynthesisScratch own;
+    SynthesisScratch& w = scratch ? *scratch : own;
+    const bool tabled = path == SolvePath::FAST;
     std::array<double, NSYNSTEP> curve{};
     for (int e = 1; e <= N; ++e) {
         curve.fill(0.0);
         for (int u = 1; u <= NUNIT; ++u) {
             const double omega = OMEGA_PROPELLER[static_cast<std::size_t>(u - 1)];
+            const StepAngleRows* rows =
+                tabled ? &step_angle_rows(w, static_cast<std::size_t>(u - 1), omega, omegaMin, NORDER) : nullptr;
             for (int k = 1; k <= NORDER; ++k) {
                 const std::size_t i = KindResults::index(u, k, e, N, NORDER);
                 const double re = RESRE[i];
                 const double im = RESIM[i];
+                if (tabled) {
+                    const double* c = rows->c.data() + static_cast<std::size_t>(k - 1) * NSYNSTEP;
+                    const double* s = rows->s.data() + static_cast<std::size_t>(k - 1) * NSYNSTEP;
+                    for (std::size_t a = 0; a < NSYNSTEP; ++a) curve[a] = curve[a] + re * c[a] - im * s[a];
+                    continue;
+                }
                 for (int a = 1; a <= NSYNSTEP; ++a) {
                     const double phi = synthesis_step_angle(k, a, omega, omegaMin);
                     curve[static_cast<std::size_t>(a - 1)] =
@@ -64,18 +92,26 @@ void SINGLELOADCASEPROPELLERICESYNTHESIS(int N, int NUNIT, int NORDER, std::span
     }
 }
 
-PropellerIceResults propeller_ice_synthesis(const KindResults& p, bool HASDAMPERORCOUPLING) {
-    PropellerIceResults ice;
+void propeller_ice_synthesis(const KindResults& p, bool HASDAMPERORCOUPLING, PropellerIceResults& ice,
+                             SolvePath path, SynthesisScratch* scratch) {
     const auto run = [&](int N, const std::vector<double>& re, const std::vector<double>& im,
                          std::vector<double>& out) {
-        SINGLELOADCASEPROPELLERICESYNTHESIS(N, p.NUNIT, p.NORDER, p.OMEGA, re, im, out);
+        SINGLELOADCASEPROPELLERICESYNTHESIS(N, p.NUNIT, p.NORDER, p.OMEGA, re, im, out, path, scratch);
     };
     run(p.NMASS, p.XR, p.XI, ice.SYNPROPICEDEFLECTION);
     run(p.NMASS, p.VR, p.VI, ice.SYNPROPICEVELOCITY);
     run(p.NMASS, p.AR, p.AI, ice.SYNPROPICEACCELE);
     run(p.NSHAFT, p.SHAFTTORQUERE, p.SHAFTTORQUEIM, ice.SYNPROPICETORQUE);
     run(p.NSHAFT, p.SHAFTSTRESSRE, p.SHAFTSTRESSIM, ice.SYNPROPICESTRESS);
-    if (HASDAMPERORCOUPLING) run(p.NSHAFT, p.DAMPINGTORQUERE, p.DAMPINGTORQUEIM, ice.SYNPROPICEDAMPINGTORQUE);
+    if (HASDAMPERORCOUPLING)
+        run(p.NSHAFT, p.DAMPINGTORQUERE, p.DAMPINGTORQUEIM, ice.SYNPROPICEDAMPINGTORQUE);
+    else
+        ice.SYNPROPICEDAMPINGTORQUE.clear();
+}
+
+PropellerIceResults propeller_ice_synthesis(const KindResults& p, bool HASDAMPERORCOUPLING) {
+    PropellerIceResults ice;
+    propeller_ice_synthesis(p, HASDAMPERORCOUPLING, ice);
     return ice;
 }
 

@@ -15,16 +15,22 @@ namespace qm::FORCEDVIBRATION {
 
 // For each shaft: the torque curve plus the damping torque curve of each kind, half the sum
 // of their ranges as the synthesis takes them (phase mode included). The curves are those
-// SINGLELOADCASESYNTHESIS kept, NSHAFT*360 values per kind.
+// SINGLELOADCASESYNTHESIS kept, NSHAFT*360 values per kind. With `withUnits` (fast path)
+// the curves of a kind marked false are known to be zeros and are not scanned; the result
+// is the same.
 void CALCULATERESULTANTTORQUE(int NSHAFT, bool ISPHASEMODE, std::vector<double>& RESULTANTTORQUE,
-                              const KindCurves& TORQUEANGLEBASED, const KindCurves& DAMPINGTORQUEANGLEBASED);
+                              const KindCurves& TORQUEANGLEBASED, const KindCurves& DAMPINGTORQUEANGLEBASED,
+                              const std::array<bool, NKIND>* withUnits = nullptr);
 
 // The propeller kind alone: one curve per element from all units and order places,
 // re cos phi - im sin phi on the grid of the slowest propeller, and its range. This equals
-// the half range of the synthesis' own curve. SYNRESM gets N values.
+// the half range of the synthesis' own curve. SYNRESM gets N values. The fast path takes
+// the cosines and sines from the rows of the scratch (one of its own without), with the same
+// values and order of summation.
 void SINGLELOADCASEPROPELLERICESYNTHESIS(int N, int NUNIT, int NORDER, std::span<const double> OMEGA_PROPELLER,
                                          std::span<const double> RESRE, std::span<const double> RESIM,
-                                         std::vector<double>& SYNRESM);
+                                         std::vector<double>& SYNRESM, SolvePath path = SolvePath::FAST,
+                                         SynthesisScratch* scratch = nullptr);
 
 // The ice results of one load case, by element.
 struct PropellerIceResults {
@@ -33,7 +39,9 @@ struct PropellerIceResults {
     std::vector<double> SYNPROPICEDAMPINGTORQUE;  // NSHAFT with dampers or couplings, else empty
 };
 
-// The ice block of a load case on the propeller's arrays.
+// The ice block of a load case on the propeller's arrays, into `ice` (its storage reused).
+void propeller_ice_synthesis(const KindResults& propeller, bool HASDAMPERORCOUPLING, PropellerIceResults& ice,
+                             SolvePath path = SolvePath::FAST, SynthesisScratch* scratch = nullptr);
 PropellerIceResults propeller_ice_synthesis(const KindResults& propeller, bool HASDAMPERORCOUPLING);
 
 // Mean ice torque of shaft row j in load case lc. With exactly one propeller in the model:

@@ -48,7 +48,7 @@ void prepare_tables(ModelTables& t, int lc, std::vector<std::string>* messages) 
 
 // The solve itself, with the ratios referred to the unit and the tables prepared.
 SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, double omega, KindResults& res,
-                         SolvePath path) {
+                         SolvePath path, DriverScratch& w) {
     SystemMatrices mx;
     MASSSTIFFNESSANDDAMPINGMATRIX::BUILDMASSSTIFFNESSANDDAMPINGMATRIX(false, t.MASS_TABLE, t.SHAFT_TABLE,
                                                                       t.GEISLINGERCOUPLING_TABLE, t.DIESEL_TABLE,
@@ -56,14 +56,20 @@ SolverFailure solve_unit(ModelTables& t, const UnitExcitation& ex, int u, double
     const int N = mx.N;
     const int NORDER = res.NORDER;
     const auto size = static_cast<std::size_t>(N) * static_cast<std::size_t>(NORDER);
-    std::vector<double> XAMP(size), XANGLE(size), XR(size), XI(size);
-    std::vector<int> rows;
+    // Every value is written by the solver.
+    std::vector<double>& XAMP = w.XAMP;
+    std::vector<double>& XANGLE = w.XANGLE;
+    std::vector<double>& XR = w.XR;
+    std::vector<double>& XI = w.XI;
+    for (auto* a : {&XAMP, &XANGLE, &XR, &XI}) a->resize(size);
+    std::vector<int>& rows = w.rows;
+    rows.clear();
     for (int node : ex.NODES) rows.push_back(GLOBAL_MASS::GET_MASS_IMASS(t.MASS_TABLE, node));
 
     const SolverFailure failure = FORCEDDAMPEDVIBRATIONSSOLVERFC::FORCEDDAMPEDVIBRATIONSFC(
         t.MASS_TABLE, t.SHAFT_TABLE, t.GEISLINGERCOUPLING_TABLE, t.DIESEL_TABLE, t.VISCOUSDAMPER_TABLE, NORDER,
         static_cast<int>(rows.size()), omega, XAMP.data(), XANGLE.data(), XR.data(), XI.data(), mx, ex.FORE.data(),
-        ex.FOIM.data(), ex.EXFO.data(), ex.FIRINGANGLES.data(), rows.data(), 0, path);
+        ex.FOIM.data(), ex.EXFO.data(), ex.FIRINGANGLES.data(), rows.data(), 0, path, &w.solve);
     if (failure.routine != ROUTINE_NONE) return failure;
 
     // The solver's deflections are referred to the unit's speed; a mass's own deflection is
@@ -119,15 +125,18 @@ SolverFailure with_unit_tables(ModelTables& tables, const UnitExcitation& ex, in
 }  // namespace
 
 SolverFailure run_source_driver(SourceKind kind, ModelTables& tables, int u, bool ISPROPELLERICE, int lc,
-                                KindResults& res, std::vector<double>& EXFO, std::vector<std::string>* messages, SolvePath path) {
+                                KindResults& res, std::vector<double>& EXFO, std::vector<std::string>* messages,
+                                SolvePath path, DriverScratch* scratch) {
     UnitExcitation ex;
     unit_excitation(kind, tables, u, ISPROPELLERICE, res.NORDER, ex);
     EXFO = ex.EXFO;
     if (u < 1 || u > res.NUNIT) return {};
 
     const double omega = ex.SPEED * PI / 30.0;
+    DriverScratch own;
+    DriverScratch& w = scratch ? *scratch : own;
     const SolverFailure failure =
-        with_unit_tables(tables, ex, lc, messages, [&] { return solve_unit(tables, ex, u, omega, res, path); });
+        with_unit_tables(tables, ex, lc, messages, [&] { return solve_unit(tables, ex, u, omega, res, path, w); });
     res.OMEGA[static_cast<std::size_t>(u - 1)] = omega * ex.BASEORDER;
     return failure;
 }

@@ -8,10 +8,12 @@
 // ranges of the six kind curves; in phase mode the diesel and propeller curves are added
 // step by step before their range is taken.
 //
-// All scratch curves live in the call, so two runs may synthesize at the same time.
+// Scratch curves live in the call or in a scratch the caller owns, so two runs may
+// synthesize at the same time.
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -51,6 +53,34 @@ double synthesis_omega_min(const SynthesisSources& sources);
 // case in which every unit stands still synthesizes to 0.0 without dividing by zero.
 double synthesis_step_angle(int k, int a, double omega, double omegaMin);
 
+// The cosines and sines of the step angles of one unit speed, a row of 360 per order place:
+// c[(k-1)*360 + a-1] = cos(synthesis_step_angle(k, a, omega, omegaMin)), s likewise.
+struct StepAngleRows {
+    std::uint64_t omega = 0, omegaMin = 0;  // exact bits of the speeds the rows belong to
+    int NORDER = -1;
+    std::vector<double> c, s;
+};
+
+// Working storage of the fast synthesis, kept by the caller from call to call (one per
+// thread). Rows are found again by the exact bits of the speeds, so the six quantities of a
+// load case share them and what a scratch has seen never changes a result.
+struct SynthesisScratch {
+    // cos and sin of whole degrees d (the angle d * pi / 180, as synthesis_step_angle forms
+    // it): most step angles are whole degrees, since a unit's speed over the slowest one is
+    // mostly a whole number.
+    std::vector<double> degreeCos, degreeSin;
+    std::vector<StepAngleRows> rows;                // per unit, kinds one after the other
+    std::vector<double> productCos, productSin;     // per product k*a while rows are made
+    std::vector<std::uint8_t> productDone;
+    std::array<std::vector<double>, NKIND> curves;  // N*360 per kind when the caller keeps none
+    std::array<double, NSYNSTEP> zero{};            // the curve of a kind without units
+};
+
+// The rows of a unit at omega, made anew only when the speeds or the order count change.
+// The values are those of synthesis_step_angle's angle, bit for bit.
+const StepAngleRows& step_angle_rows(SynthesisScratch& scratch, std::size_t slot, double omega, double omegaMin,
+                                     int NORDER);
+
 // Largest minus smallest of the 360 values starting at curve.
 double curve_range(const double* curve);
 
@@ -58,13 +88,23 @@ double curve_range(const double* curve);
 // in phase mode the diesel and propeller curves are added step by step first.
 double half_range_sum(const std::array<const double*, NKIND>& curves, bool ISPHASEMODE);
 
+// curve_range by four interleaved scans: the same value, bit for bit, in a quarter of the
+// dependent steps.
+double curve_range_lanes(const double* curve);
+
+// half_range_sum where a kind without units has nullptr instead of a curve of zeros (zero
+// is such a curve, for the phase sum): the same value, without scanning those kinds.
+double half_range_sum_present(const std::array<const double*, NKIND>& curves, bool ISPHASEMODE,
+                              const double* zero);
+
 // SYNRESM gets N values. The six kind curves of every element go to RESANGLEBASED (each
 // N*360, diesel first) when `keep` is set or when angle-based results are asked for in a
 // model with a diesel engine; otherwise RESANGLEBASED is left empty. The fast path takes
 // the cosines and sines from a table per unit speed instead of computing them per element;
 // the values and the order of summation are the same, and so are the results, bit for bit.
+// Without a scratch the fast path uses one of its own.
 void SINGLELOADCASESYNTHESIS(int N, const SynthesisSources& sources, bool ISPHASEMODE, std::vector<double>& SYNRESM,
                              KindCurves& RESANGLEBASED, bool keep, bool HASDIESEL, bool OUTPUTANGLEBASEDRESULTS,
-                             SolvePath path = SolvePath::FAST);
+                             SolvePath path = SolvePath::FAST, SynthesisScratch* scratch = nullptr);
 
 }  // namespace qm::FORCEDVIBRATION

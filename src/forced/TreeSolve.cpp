@@ -23,6 +23,9 @@ TreePlan make_tree_plan(const SystemMatrices& mx) {
     TreePlan plan;
     const int n = mx.N;
     plan.N = n;
+    plan.NNZ = mx.NNZ;
+    plan.ROWIND.assign(mx.ROWIND.data(), mx.ROWIND.data() + mx.ROWIND.size());
+    plan.COLIND.assign(mx.COLIND.data(), mx.COLIND.data() + mx.COLIND.size());
     if (n <= 0 || mx.ROWIND.size() < mx.NNZ || mx.COLIND.size() < mx.NNZ) return plan;
     const auto un = static_cast<std::size_t>(n);
 
@@ -121,6 +124,20 @@ void gather_tree_values(TreePlan& plan, const SystemMatrices& mx) {
         plan.dCA[k] = mx.CA(p);
         plan.dCAR[k] = mx.CAR(p);
     }
+}
+
+bool same_pattern(const TreePlan& plan, const SystemMatrices& mx) {
+    return plan.N == mx.N && plan.NNZ == mx.NNZ && plan.ROWIND.size() == static_cast<std::size_t>(mx.ROWIND.size()) &&
+           plan.COLIND.size() == static_cast<std::size_t>(mx.COLIND.size()) &&
+           std::equal(plan.ROWIND.begin(), plan.ROWIND.end(), mx.ROWIND.data()) &&
+           std::equal(plan.COLIND.begin(), plan.COLIND.end(), mx.COLIND.data());
+}
+
+void update_tree_plan(TreePlan& plan, const SystemMatrices& mx) {
+    if (same_pattern(plan, mx))
+        gather_tree_values(plan, mx);
+    else
+        plan = make_tree_plan(mx);
 }
 
 bool tree_solve(const TreePlan& plan, double w, std::vector<cplx>& rhs, TreeWork& work) {

@@ -19,6 +19,8 @@ namespace qm::FORCEDVIBRATIONSOLVER {
 struct TreePlan {
     bool usable = false;  // the pattern is a forest; otherwise only the dense solve serves
     int N = 0;
+    int NNZ = 0;
+    std::vector<int> ROWIND, COLIND;  // the pattern the plan was made for
     // Degrees of freedom in elimination order, 0-based, each parent before its children;
     // parent[k] is the place in `order` of the parent of order[k], -1 at a root.
     std::vector<int> order;
@@ -39,6 +41,13 @@ TreePlan make_tree_plan(const SystemMatrices& mx);
 
 // Takes the coefficients of arrays with the plan's pattern (same N, ROWIND, COLIND).
 void gather_tree_values(TreePlan& plan, const SystemMatrices& mx);
+
+// True when mx has the pattern the plan was made for, so the plan serves it as it is.
+bool same_pattern(const TreePlan& plan, const SystemMatrices& mx);
+
+// The plan for mx: the one given when the pattern is the same (its values gathered again),
+// else a new one. The plan depends on the pattern alone, so reusing it changes no result.
+void update_tree_plan(TreePlan& plan, const SystemMatrices& mx);
 
 // Working storage of the elimination, kept across orders.
 struct TreeWork {
