@@ -6,6 +6,7 @@
 #include <complex>
 #include <vector>
 
+#include "../support/TestModels.h"
 #include "CompareResults.h"
 #include "forced/ForcedSolver.h"
 #include "forced/Synthesis.h"
@@ -197,11 +198,5 @@ TEST(FastPath, GearedFourStrokeExampleAgreesWithTheLiteralPath) {
 
 TEST(FastPath, TwoEngineGearboxAgreesWithTheLiteralPath) {
     qm::test::ScratchDir out;
-    const fs::path model = out / "model";
-    fs::create_directories(model);
-    for (const char* f : {"harmonics-normal.txt", "harmonics-misfire.txt"})
-        fs::copy_file(fs::path(QM_EXAMPLES_DIR) / "geared-four-stroke" / f, model / f);
-    fs::copy_file(fs::path(QM_TEST_DATA_DIR) / "forced" / "two-engine-gearbox" / "two-engine-gearbox.qmk",
-                  model / "two-engine-gearbox.qmk");
-    run_both(model / "two-engine-gearbox.qmk", out);
+    run_both(qm::test::two_engine_gearbox(out / "model"), out);
 }

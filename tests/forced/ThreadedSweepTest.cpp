@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "../TestSupport.h"
+#include "../support/TestModels.h"
 #include "forced/LoadCaseWalk.h"
 #include "frame/QuillmarkSolver.h"
 #include "quillmark/quillmark.h"
@@ -76,13 +77,7 @@ TEST(ThreadedSweep, TwoStrokeExampleWritesTheSameFilesOnAnyNumberOfThreads) {
 
 TEST(ThreadedSweep, TwoEngineGearboxWritesTheSameFilesOnAnyNumberOfThreads) {
     qm::test::ScratchDir out;
-    const fs::path dir = out / "model";
-    fs::create_directories(dir);
-    for (const char* f : {"harmonics-normal.txt", "harmonics-misfire.txt"})
-        fs::copy_file(fs::path(QM_EXAMPLES_DIR) / "geared-four-stroke" / f, dir / f);
-    fs::copy_file(fs::path(QM_TEST_DATA_DIR) / "forced" / "two-engine-gearbox" / "two-engine-gearbox.qmk",
-                  dir / "two-engine-gearbox.qmk");
-    const fs::path model = dir / "two-engine-gearbox.qmk";
+    const fs::path model = qm::test::two_engine_gearbox(out / "model");
     const Files serial = run(model, out / "serial", 2, 1);
     EXPECT_TRUE(serial == run_export(model, out / "two", 2, 2));
     EXPECT_TRUE(serial == run_export(model, out / "three", 2, 3));

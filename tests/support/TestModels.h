@@ -203,4 +203,16 @@ inline std::string read_error(const std::string& items, int line) {
     return LOG::with_line_number("Error occurs when reading \"" + items + "\" in input file line ", line);
 }
 
+// The two-engine gearbox model of the forced test data, copied into dir beside the harmonic
+// files of the geared example it reads; returns the path of the model file.
+inline std::filesystem::path two_engine_gearbox(const std::filesystem::path& dir) {
+    namespace fs = std::filesystem;
+    fs::create_directories(dir);
+    for (const char* f : {"harmonics-normal.txt", "harmonics-misfire.txt"})
+        fs::copy_file(fs::path(QM_EXAMPLES_DIR) / "geared-four-stroke" / f, dir / f);
+    fs::copy_file(fs::path(QM_TEST_DATA_DIR) / "forced" / "two-engine-gearbox" / "two-engine-gearbox.qmk",
+                  dir / "two-engine-gearbox.qmk");
+    return dir / "two-engine-gearbox.qmk";
+}
+
 }  // namespace qm::test
